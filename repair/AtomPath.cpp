@@ -1,0 +1,119 @@
+// The atom path of the driver: classify, run the pipeline of the format code,
+// rebuild, give the verdict.
+
+#include "repair/ThreadVideoRepair.h"
+
+#include <QFileInfo>
+
+namespace {
+using Entry = void (ThreadVideoRepair::*)(CarverArgs &);
+
+// One row per test of the format switch, in the order the tests are made.
+// Each test reads the code anew, so a pipeline that changes it steers the
+// tests after it.
+struct PipelineRow
+{
+    quint32 code;
+    bool closeSourceFirst;
+    bool reopenAfter;
+    Entry h264;
+    Entry hevc; // taken instead when bHevcWithPcm is set (and it is then cleared)
+};
+
+const PipelineRow kPipelines[] = {
+    {3, false, false, &ThreadVideoRepair::RepairImkhFile, nullptr},
+    {2, true, false, &ThreadVideoRepair::CarveMpegPsInMov, nullptr},
+    {18, false, false, &ThreadVideoRepair::RepairTsInMov, nullptr},
+    {14, false, false, &ThreadVideoRepair::Repair3gpStream, nullptr},
+    {17, false, false, &ThreadVideoRepair::RepairMotionJpeg, nullptr},
+    {16, false, false, &ThreadVideoRepair::RepairProResStream, nullptr},
+    {9, true, true, &ThreadVideoRepair::CarveH264WithImaAdpcm, nullptr},
+    {10, true, true, &ThreadVideoRepair::CarveH264WithOpus, nullptr},
+    {11, true, true, &ThreadVideoRepair::CarveH264WithAlaw, &ThreadVideoRepair::CarveHevcWithAlaw},
+    {8, true, true, &ThreadVideoRepair::CarveH264WithAc3, nullptr},
+    {15, true, true, &ThreadVideoRepair::CarveAv1Video, nullptr},
+    {7, true, true, &ThreadVideoRepair::CarveMpeg4Video, nullptr},
+    {13, true, true, &ThreadVideoRepair::CarveH264WithUlaw, &ThreadVideoRepair::CarveHevcWithUlaw},
+    {12, true, true, &ThreadVideoRepair::CarveH264WithLpcm, &ThreadVideoRepair::CarveHevcWithLpcm},
+    {6, true, true, &ThreadVideoRepair::CarveHevcWithAac, nullptr},
+    {5, true, true, &ThreadVideoRepair::CarveH264WithTwosPcm, &ThreadVideoRepair::CarveHevcWithTwosPcm},
+    {1, true, true, &ThreadVideoRepair::CarveH264WithSowtPcm, nullptr},
+    {4, true, true, &ThreadVideoRepair::CarveH264WithMp3, nullptr},
+    {0, true, true, &ThreadVideoRepair::CarveH264WithAac, nullptr},
+};
+} // namespace
+
+bool ThreadVideoRepair::RunAtomPipelines(CarverArgs &args, const QString &entry)
+{
+    for (const PipelineRow &row : kPipelines) {
+        if (pApp.nFormatCode != row.code)
+            continue;
+        if (row.closeSourceFirst)
+            pSource.close();
+        Entry call = row.h264;
+        if (row.hevc && pApp.bHevcWithPcm) {
+            pApp.bHevcWithPcm = false;
+            call = row.hevc;
+        }
+        (this->*call)(args);
+        if (row.reopenAfter)
+            pSource.open(entry);
+        if (pApp.bStopRepair)
+            return true;
+    }
+    return false;
+}
+
+bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
+{
+    bool moovFound = false;
+    if (!sample.isEmpty() || pApp.bSampleRun)
+        moovFound = ScanSampleFile(sample);
+    else if (pSource.isOpen())
+        moovFound = WalkDamagedFile();
+
+    bool runSwitch = moovFound;
+    if (!moovFound) {
+        if (!pApp.bStopRepair)
+            Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+        runSwitch = hasVideo_Strh;
+    }
+
+    if (runSwitch) {
+        if (!strFileName.isEmpty() && !pApp.bStopRepair)
+            Q_EMIT FileNamelabel(strFileName);
+        CarverArgs args;
+        args.strSource = strSourceName;
+        args.strSample = strSampleName;
+        if (pApp.nFormatCode == 3)
+            moovFound = false;
+        if (RunAtomPipelines(args, entry))
+            return true;
+
+        CloseLog();
+        if (!pApp.bStopRepair)
+            WriteRebuiltFile(strLogPath);
+        if (!pApp.bStopRepair) {
+            if (pApp.nFormatCode == 3) {
+                Q_EMIT WriteStatus(true, hasVideo_Strh, strFileName, false);
+                moovFound = false;
+            }
+            if (pApp.bCarveFailed) {
+                pApp.bCarveFailed = false;
+                moovFound = false;
+            }
+            Q_EMIT WriteStatus(moovFound, hasVideo_Strh, strFileName, pApp.nFormatCode == 0);
+        }
+        pSource.close();
+        lstSoundChunkSamples.clear();
+        lstVideoChunkSamples.clear();
+    }
+
+    // Close-down of the file.
+    if (pApp.nFormatCode != 3 && !moovFound && !pApp.bKeepLogHandle)
+        CloseLog();
+    pSource.close();
+    if (pApp.bSampleRun)
+        pSample.close();
+    return false;
+}

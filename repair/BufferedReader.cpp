@@ -1,0 +1,135 @@
+#include "repair/BufferedReader.h"
+
+#include <QFile>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+// Windows start on this boundary so that scans which look a few bytes back
+// (P - 4) don't force a reload at every window edge.
+constexpr quint64 kAlign = 64 * 1024;
+
+size_t preadFull(int fd, quint8 *dst, size_t n, quint64 pos)
+{
+    size_t got = 0;
+    while (got < n) {
+        ssize_t r = ::pread(fd, dst + got, n - got, off_t(pos + got));
+        if (r < 0 && errno == EINTR)
+            continue;
+        if (r <= 0)
+            break;
+        got += size_t(r);
+    }
+    return got;
+}
+} // namespace
+
+BufferedReader::BufferedReader(size_t windowBytes)
+    : m_buf(qMax<size_t>(windowBytes, 2 * kAlign))
+{
+}
+
+BufferedReader::~BufferedReader() { close(); }
+
+bool BufferedReader::open(const QString &path)
+{
+    close();
+    const QByteArray name = QFile::encodeName(path);
+    int fd = ::open(name.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    struct stat st;
+    if (::fstat(fd, &st) != 0 || S_ISDIR(st.st_mode)) {
+        ::close(fd);
+        return false;
+    }
+    m_fd = fd;
+    m_path = path;
+    m_size = quint64(st.st_size);
+    m_winPos = m_winLen = 0;
+    m_cursor = 0;
+    return true;
+}
+
+void BufferedReader::close()
+{
+    if (m_fd >= 0)
+        ::close(m_fd);
+    m_fd = -1;
+    m_size = 0;
+    m_winPos = m_winLen = 0;
+    m_cursor = 0;
+}
+
+bool BufferedReader::load(quint64 pos)
+{
+    if (m_fd < 0 || pos >= m_size)
+        return false;
+    quint64 start = pos - pos % kAlign;
+    // Keep a little history behind pos for backward-looking probes.
+    if (pos - start < kAlign && start >= kAlign && m_buf.size() > 4 * kAlign)
+        start -= kAlign;
+    const size_t want = size_t(qMin<quint64>(m_buf.size(), m_size - start));
+    m_winPos = start;
+    m_winLen = preadFull(m_fd, m_buf.data(), want, start);
+    ++m_diskReads;
+    return pos - m_winPos < m_winLen;
+}
+
+const quint8 *BufferedReader::peekSlow(quint64 pos, size_t n)
+{
+    if (m_fd < 0 || n > m_buf.size() / 2 || pos >= m_size || m_size - pos < n)
+        return nullptr;
+    if (!load(pos) || m_winLen - (pos - m_winPos) < n)
+        return nullptr;
+    return m_buf.data() + (pos - m_winPos);
+}
+
+size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
+{
+    quint8 *out = static_cast<quint8 *>(dst);
+    if (n == 0)
+        return 0;
+    size_t avail = 0;
+    if (m_fd >= 0 && pos < m_size)
+        avail = size_t(qMin<quint64>(n, m_size - pos));
+    size_t done = 0;
+    while (done < avail) {
+        const quint64 p = pos + done;
+        if (!(p - m_winPos < m_winLen)) {
+            // A big read past the window goes straight to the disk.
+            if (avail - done >= m_buf.size()) {
+                const size_t got = preadFull(m_fd, out + done, avail - done, p);
+                ++m_diskReads;
+                done += got;
+                break;
+            }
+            if (!load(p))
+                break;
+        }
+        const size_t off = size_t(p - m_winPos);
+        const size_t chunk = qMin<size_t>(avail - done, size_t(m_winLen) - off);
+        std::memcpy(out + done, m_buf.data() + off, chunk);
+        done += chunk;
+    }
+    if (done < n)
+        std::memset(out + done, 0, n - done);
+    return done;
+}
+
+bool BufferedReader::seek(qint64 pos)
+{
+    if (pos < 0 || m_fd < 0)
+        return false;
+    m_cursor = quint64(pos);
+    return true;
+}
+
+size_t BufferedReader::read(void *dst, size_t n)
+{
+    const size_t got = readAt(m_cursor, dst, n);
+    m_cursor += got;
+    return got;
+}

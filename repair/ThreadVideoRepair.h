@@ -1,0 +1,151 @@
+#pragma once
+// The repair worker: takes a list of files (and, in a second run, a sample),
+// finds out what each file is, runs its pipeline and reports by signals.
+// It never touches a widget.
+
+#include "carve/video/CarverArgs.h"
+#include "repair/BufferedReader.h"
+#include "repair/RepairState.h"
+
+#include <QByteArray>
+#include <QFile>
+#include <QList>
+#include <QMutex>
+#include <QStringList>
+#include <QThread>
+#include <QWaitCondition>
+#include <memory>
+
+class ThreadVideoRepair : public QThread
+{
+    Q_OBJECT
+public:
+    explicit ThreadVideoRepair(QObject *parent = nullptr);
+    ~ThreadVideoRepair() override;
+
+    // Copies the list and starts the thread at low priority; if a run is
+    // still going, asks it to stop instead. The flag is kept, not read.
+    void StartRepair(const QStringList &list, bool flag);
+    void SetSampleFile(const QString &path);
+
+    // --- Members, in the order the rest of the engine knows them ---
+    BufferedReader pSource;  // the damaged file, read-only
+    std::unique_ptr<QFile> pOutput;
+    BufferedReader pSample;  // the sample, read-only
+    QFile hLog;              // logFile.txt
+    QString strRepairedDir;
+    QString strLogPath;
+    QString strEntryCopy;
+    QString strFileName;
+    QByteArray pVideoStsd, pSoundStsd;
+    QString strSampleName;
+    QString strSourceName;
+    QString strSourcePath;
+    QString strMkvSample;
+    QString strAsfSample;
+    QString strAsfSource;
+    QString strOutputPath;
+    QString strBaseCopy;
+    QString strScratch[4];
+    quint64 ullFileLeft = 0;
+    bool bAviSample = false;
+    bool hasVideo_Strh = false;
+    QList<quint32> lstSoundChunkSamples, lstVideoChunkSamples;
+    QStringList lstFiles;
+    bool bStartFlag = false;
+
+    // --- Classification (atom walk, scans, moov parsers) ---
+    bool WalkDamagedFile();   // first run: walk, then tail scan; true when a moov or a probe hit
+    bool ScanSampleFile(const QString &sample); // second run
+    void ParseMoovOfDamagedFile();
+    void ParseMoovOfSample();
+
+    // --- Pipelines of the atom path ---
+    void RepairImkhFile(CarverArgs &args);
+    void CarveMpegPsInMov(CarverArgs &args);
+    void RepairTsInMov(CarverArgs &args);
+    void Repair3gpStream(CarverArgs &args);
+    void RepairMotionJpeg(CarverArgs &args);
+    void RepairProResStream(CarverArgs &args);
+    void CarveH264WithImaAdpcm(CarverArgs &args);
+    void CarveH264WithOpus(CarverArgs &args);
+    void CarveHevcWithAlaw(CarverArgs &args);
+    void CarveH264WithAlaw(CarverArgs &args);
+    void CarveH264WithAc3(CarverArgs &args);
+    void CarveAv1Video(CarverArgs &args);
+    void CarveMpeg4Video(CarverArgs &args);
+    void CarveHevcWithUlaw(CarverArgs &args);
+    void CarveH264WithUlaw(CarverArgs &args);
+    void CarveHevcWithLpcm(CarverArgs &args);
+    void CarveH264WithLpcm(CarverArgs &args);
+    void CarveHevcWithAac(CarverArgs &args);
+    void CarveHevcWithTwosPcm(CarverArgs &args);
+    void CarveH264WithTwosPcm(CarverArgs &args);
+    void CarveH264WithSowtPcm(CarverArgs &args);
+    void CarveH264WithMp3(CarverArgs &args);
+    void CarveH264WithAac(CarverArgs &args);
+
+    // --- Paths of other containers ---
+    void RepairAviFile(const QString &fileName);
+    void RepairFlvFile(const QString &fileName);
+    void RepairDatFile(const QString &sourceName);
+    void RepairMtsFile();
+    void ReadAsfHeaders();
+    void RepairAsfFile(const QString &repairedDir);
+    void RepairMkvFile(quint64 size, BufferedReader &file);
+    void RepairMpegFile(quint64 found, BufferedReader &file, quint64 size);
+
+    // --- Index rebuild ---
+    void WriteRebuiltFile(const QString &logPath);
+
+Q_SIGNALS:
+    void RepairFinish();
+    void disableAddReferenceBtn();
+    void Info(const QString &text);
+    void DestInfo(const QString &text);
+    void MaxProgress(int max);
+    void ProgressValue(int value);
+    void ProcessAborted();
+    void ProcessAborted1();
+    void FileNamelabel(const QString &name);
+    void WriteStatus(bool bRepaired, bool hasVideoStrh, const QString &fileName, bool bDefaultCode);
+    void ShowProgressBar();
+    // 64-bit so that a range given as a file size still fits; the window scales.
+    void SetProgressBarRange(qint64 range);
+    void setProgressvalue(qint64 value);
+    void ShowOverAllProgressBar();
+    void OverAllProgressBarMax(int files);
+    void OverAllProgressValue(int file, int percent, int files);
+    void WriteProcessingStatus(const QString &fileName);
+    void WriteAVIFileStatus(bool hasVideoStrh, const QString &fileNmae);
+    void ffmpegstopbtn();
+
+protected:
+    void run() override;
+
+private:
+    void RepairDriver(const QStringList &list, const QString &sample);
+    void SetUpWorkFolder();
+    // Returns true when a stop means the whole loop must be left.
+    bool AtomPath(const QString &entry, const QString &sample);
+    bool RunAtomPipelines(CarverArgs &args, const QString &entry);
+    void AsfPath(const QString &sample);
+    void MkvOrMpegPath(const QString &sample, bool mkv);
+    static quint64 SampleWindowStart(quint64 size);
+    void CleanTemporaryWorkFolder();
+    bool CreateLog();
+    void CloseLog();
+    // Entries whose stage isn't built yet take the failure path of a carver.
+    void StageNotBuilt(const char *what, bool atomPipeline);
+
+    // Walk pieces.
+    void WalkAtoms(BufferedReader &file, bool sample, bool &moovFound);
+    void TsCheck(BufferedReader &file, bool &moovFound);
+    bool TailScan(bool &moovFound);
+    // One search step of the tail and window scans; true when mvhd was parsed.
+    bool SearchStep(BufferedReader &file, bool sample, quint64 pos, bool &moovFound);
+    void ParseMoov(bool sample);
+
+    QMutex m_mutex;
+    QWaitCondition m_wait;
+};

@@ -1,0 +1,432 @@
+#include "Fixtures.h"
+
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QProcess>
+#include <QSaveFile>
+#include <QSet>
+#include <QStandardPaths>
+#include <QVector>
+#include <QtEndian>
+#include <QtGlobal>
+
+namespace fixtures {
+
+namespace {
+
+struct Row {
+    QString name;
+    QStringList args;  // everything between the fixed leading flags and the output path
+};
+
+const QStringList kVideo = {"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=25:duration=2"};
+const QStringList kSound = {"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=48000:duration=2"};
+// The mov muxer only switches to an "lpcm" entry once the rate no longer fits its 16-bit field.
+const QStringList kSound96k = {"-f", "lavfi", "-i", "sine=frequency=440:sample_rate=96000:duration=2"};
+// veryfast keeps B-frames (so ctts exists); one IDR a second gives several sync samples.
+const QStringList kX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "30", "-g", "25",
+                           "-pix_fmt", "yuv420p"};
+const QStringList kX265 = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error",
+                           "-g", "25", "-tag:v", "hvc1"};
+const QStringList kAac = {"-c:a", "aac", "-b:a", "64k"};
+
+QStringList audio(const QString &codec) { return {"-c:a", codec}; }
+
+const QVector<Row> &table()
+{
+    static const QVector<Row> rows = {
+        {"h264_aac.mp4", kVideo + kSound + kX264 + kAac},
+        {"h264_aac.mov", kVideo + kSound + kX264 + kAac},
+        {"h264_aac_faststart.mov", kVideo + kSound + kX264 + kAac + QStringList{"-movflags", "+faststart"}},
+        // In .mov ffmpeg writes MP3 as ".mp3"; only the mp4 muxer gives mp4a with object type 0x6B.
+        {"h264_mp3.mp4", kVideo + kSound + kX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "64k"}},
+        {"h264_sowt.mov", kVideo + kSound + kX264 + audio("pcm_s16le")},
+        {"h264_twos.mov", kVideo + kSound + kX264 + audio("pcm_s16be")},
+        {"h264_lpcm.mov", kVideo + kSound96k + kX264 + audio("pcm_s16le")},
+        {"h264_in24.mov", kVideo + kSound + kX264 + audio("pcm_s24le")},
+        {"h264_alaw.mov", kVideo + kSound + kX264 + audio("pcm_alaw")},
+        {"h264_ulaw.mov", kVideo + kSound + kX264 + audio("pcm_mulaw")},
+        {"h264_ima.mov", kVideo + kSound + kX264 + audio("adpcm_ima_wav")},
+        {"h264_ima4.mov", kVideo + kSound + kX264 + audio("adpcm_ima_qt")},
+        {"h264_opus.mp4", kVideo + kSound + kX264 + QStringList{"-c:a", "libopus", "-b:a", "32k"}},
+        {"h264_ac3.mp4", kVideo + kSound + kX264 + QStringList{"-c:a", "ac3", "-b:a", "96k"}},
+        {"h264_ac3.mov", kVideo + kSound + kX264 + QStringList{"-c:a", "ac3", "-b:a", "96k"}},
+        {"hevc_aac.mp4", kVideo + kSound + kX265 + kAac},
+        {"hevc_pcm.mov", kVideo + kSound + kX265 + audio("pcm_s16be")},
+        {"mpeg4.mp4", kVideo + kSound + QStringList{"-c:v", "mpeg4", "-q:v", "8", "-g", "25"} + kAac},
+        {"av1.mp4", kVideo + kSound
+                        + QStringList{"-c:v", "libaom-av1", "-usage", "realtime", "-cpu-used", "8", "-g", "25"}
+                        + kAac},
+        {"prores.mov", kVideo + kSound + QStringList{"-c:v", "prores_ks", "-profile:v", "2", "-q:v", "20"} + audio("pcm_s16le")},
+        {"mjpeg.mov", kVideo + kSound + QStringList{"-c:v", "mjpeg", "-q:v", "15", "-pix_fmt", "yuvj420p"}
+                          + audio("pcm_s16le")},
+        {"video_only.mp4", kVideo + kX264},
+        {"h264_aac.ts", kVideo + kSound + kX264 + kAac},
+        {"h264_mp2.ps", kVideo + kSound + kX264 + QStringList{"-c:a", "mp2", "-b:a", "64k", "-f", "mpeg"}},
+        {"mpeg2_mp2.ps", kVideo + kSound
+                             + QStringList{"-c:v", "mpeg2video", "-q:v", "8", "-g", "12", "-c:a", "mp2",
+                                           "-b:a", "64k", "-f", "vob"}},
+        {"h264_aac.3gp", kVideo + kSound + kX264 + kAac},
+    };
+    return rows;
+}
+
+// Keeps encoder names and dates out of the output so reruns give comparable files.
+const QStringList kBitexact = {"-map_metadata", "-1", "-fflags", "+bitexact",
+                               "-flags:v", "+bitexact", "-flags:a", "+bitexact"};
+
+QSet<QString> &failedNames()
+{
+    static QSet<QString> failed;  // don't rerun a failing ffmpeg for every test
+    return failed;
+}
+
+QString uniqueTemp(const QString &name)
+{
+    static int counter = 0;
+    // Keeps the real name as the tail so ffmpeg still picks the muxer from the extension;
+    // the pid keeps parallel ctest runs apart.
+    return dir() + QStringLiteral("/.part-%1-%2-").arg(QCoreApplication::applicationPid()).arg(++counter) + name;
+}
+
+// Moves tmp over dest. A parallel run may have put an equal file there first, which is fine.
+bool publish(const QString &tmp, const QString &dest)
+{
+    QFile::remove(dest);
+    if (QFile::rename(tmp, dest))
+        return true;
+    QFile::remove(tmp);
+    if (QFileInfo(dest).size() > 0)
+        return true;
+    qWarning("fixtures: cannot move %s to %s", qPrintable(tmp), qPrintable(dest));
+    return false;
+}
+
+QString argsStamp(const QString &name) { return dir() + QStringLiteral("/.") + name + QStringLiteral(".args"); }
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        qWarning("fixtures: cannot read %s: %s", qPrintable(path), qPrintable(f.errorString()));
+        return {};
+    }
+    return f.readAll();
+}
+
+// Runs one table row. The argument list is stored beside the output, so editing
+// a row regenerates its file instead of silently testing a stale one.
+QString generate(const Row &row)
+{
+    const QString dest = dir() + QLatin1Char('/') + row.name;
+    const QByteArray stamp = row.args.join(QLatin1Char('\n')).toUtf8();
+    if (QFileInfo(dest).size() > 0) {
+        QFile s(argsStamp(row.name));
+        if (s.open(QIODevice::ReadOnly) && s.readAll() == stamp)
+            return dest;
+    }
+    if (failedNames().contains(row.name))
+        return {};
+
+    const QString exe = ffmpeg();
+    if (exe.isEmpty()) {
+        static bool warned = false;
+        if (!warned)
+            qWarning("fixtures: ffmpeg not found on PATH; media fixtures are unavailable");
+        warned = true;
+        failedNames().insert(row.name);
+        return {};
+    }
+
+    const QString tmp = uniqueTemp(row.name);
+    QStringList args = {"-nostdin", "-y", "-hide_banner", "-loglevel", "error"};
+    args << row.args << kBitexact << tmp;
+
+    QProcess p;
+    p.setProcessChannelMode(QProcess::SeparateChannels);
+    p.start(exe, args);
+    const bool finished = p.waitForStarted(10000) && p.waitForFinished(120000);
+    if (!finished) {
+        p.kill();
+        p.waitForFinished(5000);
+    }
+    if (!finished || p.exitStatus() != QProcess::NormalExit || p.exitCode() != 0
+        || QFileInfo(tmp).size() == 0) {
+        const QByteArray err = p.readAllStandardError();
+        qWarning("fixtures: ffmpeg failed to make %s (%s)\n  ffmpeg %s\n%s", qPrintable(row.name),
+                 finished ? qPrintable(QStringLiteral("exit code %1").arg(p.exitCode()))
+                          : qPrintable(p.errorString()),
+                 qPrintable(args.join(QLatin1Char(' '))), err.right(1500).constData());
+        QFile::remove(tmp);
+        failedNames().insert(row.name);
+        return {};
+    }
+    if (!publish(tmp, dest)) {
+        failedNames().insert(row.name);
+        return {};
+    }
+    QSaveFile s(argsStamp(row.name));
+    if (s.open(QIODevice::WriteOnly)) {
+        s.write(stamp);
+        s.commit();
+    }
+    return dest;
+}
+
+// <dir>/<base>.<tag>.<ext>, e.g. h264_aac.nomoov.mov
+QString derivedPath(const QString &src, const QString &tag)
+{
+    const QFileInfo fi(src);
+    QString name = fi.completeBaseName() + QLatin1Char('.') + tag;
+    if (!fi.suffix().isEmpty())
+        name += QLatin1Char('.') + fi.suffix();
+    return fi.absolutePath() + QLatin1Char('/') + name;
+}
+
+bool upToDate(const QString &derived, const QString &src)
+{
+    const QFileInfo d(derived), s(src);
+    return d.exists() && d.lastModified() >= s.lastModified();
+}
+
+bool writeAtomically(const QString &path, const QByteArray &data)
+{
+    QSaveFile f(path);
+    if (!f.open(QIODevice::WriteOnly) || f.write(data) != data.size() || !f.commit()) {
+        qWarning("fixtures: cannot write %s: %s", qPrintable(path), qPrintable(f.errorString()));
+        return false;
+    }
+    return true;
+}
+
+const Atom *findAtom(const QList<Atom> &atoms, const char *type)
+{
+    for (const Atom &a : atoms)
+        if (a.type == type)
+            return &a;
+    return nullptr;
+}
+
+// Shared frame for the damage helpers: cache check, reading, locating the atom,
+// writing the result. `damage` edits the bytes and returns false (after a warning)
+// when this source cannot take that damage.
+template <typename Damage>
+QString damaged(const QString &src, const QString &tag, const char *atomType, Damage damage)
+{
+    if (src.isEmpty() || !QFileInfo(src).isFile()) {
+        qWarning("fixtures: no source file for the %s copy: '%s'", qPrintable(tag), qPrintable(src));
+        return {};
+    }
+    const QString dest = derivedPath(src, tag);
+    if (upToDate(dest, src))
+        return dest;
+    const QList<Atom> atoms = topLevelAtoms(src);
+    const Atom *atom = findAtom(atoms, atomType);
+    if (!atom) {
+        qWarning("fixtures: %s has no top-level %s atom", qPrintable(src), atomType);
+        return {};
+    }
+    QByteArray data = readAll(src);
+    if (data.isEmpty() || atom->offset + 16 > quint64(data.size())) {
+        qWarning("fixtures: %s is unreadable or its %s atom is truncated", qPrintable(src), atomType);
+        return {};
+    }
+    // A declared size past the end only happens in already damaged sources; damage what is there.
+    Atom clamped = *atom;
+    clamped.size = qMin<quint64>(clamped.size, quint64(data.size()) - clamped.offset);
+    if (!damage(data, clamped, atoms))
+        return {};
+    return writeAtomically(dest, data) ? dest : QString();
+}
+
+void putBE32(QByteArray &data, quint64 at, quint32 v)
+{
+    qToBigEndian(v, reinterpret_cast<uchar *>(data.data() + at));
+}
+
+} // namespace
+
+QString dir()
+{
+#ifdef VM_FIXTURE_DIR
+    static const QString path = QStringLiteral(VM_FIXTURE_DIR);
+#else
+    static const QString path = QDir::tempPath() + QStringLiteral("/videomend-fixtures");
+#endif
+    if (!QDir().mkpath(path))
+        qWarning("fixtures: cannot create %s", qPrintable(path));
+    return path;
+}
+
+QString ffmpeg()
+{
+    static const QString path = QStandardPaths::findExecutable(QStringLiteral("ffmpeg"));
+    return path;
+}
+
+QString healthy(const QString &name)
+{
+    for (const Row &row : table())
+        if (row.name == name)
+            return generate(row);
+    qWarning("fixtures: no healthy fixture called %s", qPrintable(name));
+    return {};
+}
+
+QStringList healthyNames()
+{
+    QStringList names;
+    for (const Row &row : table())
+        names << row.name;
+    return names;
+}
+
+QString moovRemoved(const QString &src)
+{
+    return damaged(src, QStringLiteral("nomoov"), "moov", [](QByteArray &data, const Atom &moov, const QList<Atom> &) {
+        data.remove(int(moov.offset), int(moov.size));
+        return true;
+    });
+}
+
+QString moovAtEndCut(const QString &src)
+{
+    return damaged(src, QStringLiteral("moovcut"), "moov",
+                   [&src](QByteArray &data, const Atom &moov, const QList<Atom> &atoms) {
+                       if (atoms.last().offset != moov.offset) {
+                           qWarning("fixtures: moov is not the last atom of %s; use a file without faststart",
+                                    qPrintable(src));
+                           return false;
+                       }
+                       data.truncate(int(moov.offset + 100));
+                       return true;
+                   });
+}
+
+QString ftypZeroed(const QString &src)
+{
+    return damaged(src, QStringLiteral("ftypzero"), "ftyp", [](QByteArray &data, const Atom &ftyp, const QList<Atom> &) {
+        data.replace(int(ftyp.offset), int(ftyp.size), QByteArray(int(ftyp.size), '\0'));
+        return true;
+    });
+}
+
+QString mdatSizeZero(const QString &src)
+{
+    return damaged(src, QStringLiteral("mdat0"), "mdat", [](QByteArray &data, const Atom &mdat, const QList<Atom> &) {
+        putBE32(data, mdat.offset, 0);
+        return true;
+    });
+}
+
+QString mdatSize64(const QString &src)
+{
+    return damaged(src, QStringLiteral("mdat64"), "mdat",
+                   [&src](QByteArray &data, const Atom &mdat, const QList<Atom> &) {
+                       if (qFromBigEndian<quint32>(data.constData() + mdat.offset) == 1) {
+                           qWarning("fixtures: the mdat of %s already has a 64-bit size", qPrintable(src));
+                           return false;
+                       }
+                       QByteArray large(8, '\0');
+                       qToBigEndian<quint64>(mdat.size + 8, reinterpret_cast<uchar *>(large.data()));
+                       putBE32(data, mdat.offset, 1);
+                       data.insert(int(mdat.offset + 8), large);
+                       return true;
+                   });
+}
+
+QString emptyFile(const QString &name)
+{
+    const QString path = dir() + QLatin1Char('/') + name;
+    const QFileInfo fi(path);
+    if (fi.isFile() && fi.size() == 0)
+        return path;
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        qWarning("fixtures: cannot create %s: %s", qPrintable(path), qPrintable(f.errorString()));
+        return {};
+    }
+    return path;
+}
+
+QString imkhFile()
+{
+    const QString src = healthy(QStringLiteral("h264_mp2.ps"));
+    if (src.isEmpty())
+        return {};
+    const QString dest = dir() + QStringLiteral("/imkh_stream.mp4");
+    if (upToDate(dest, src))
+        return dest;
+    const QByteArray body = readAll(src);
+    if (body.isEmpty())
+        return {};
+    // Vendor header stand-in: never zero, so it cannot fake an MPEG start code.
+    QByteArray header("IMKH");
+    for (int i = 0; i < 60; ++i)
+        header.append(char(0x20 + (i * 7) % 0x5f));
+    return writeAtomically(dest, header + body) ? dest : QString();
+}
+
+QString withSuffix(const QString &src, const QString &suffix)
+{
+    const QFileInfo fi(src);
+    if (src.isEmpty() || !fi.isFile()) {
+        qWarning("fixtures: no source file to copy: '%s'", qPrintable(src));
+        return {};
+    }
+    QString ext = suffix;
+    if (ext.startsWith(QLatin1Char('.')))
+        ext.remove(0, 1);
+    const QString dest = fi.absoluteFilePath() + QLatin1Char('.') + ext;
+    if (upToDate(dest, src))
+        return dest;
+    const QByteArray data = readAll(src);
+    if (data.isEmpty() && fi.size() > 0)
+        return {};
+    return writeAtomically(dest, data) ? dest : QString();
+}
+
+QList<Atom> topLevelAtoms(const QString &path)
+{
+    QList<Atom> atoms;
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly)) {
+        qWarning("fixtures: cannot open %s: %s", qPrintable(path), qPrintable(f.errorString()));
+        return atoms;
+    }
+    const quint64 fileSize = quint64(f.size());
+    quint64 offset = 0;
+    while (offset + 8 <= fileSize) {
+        f.seek(qint64(offset));
+        const QByteArray head = f.read(16);
+        if (head.size() < 8)
+            break;
+        Atom a;
+        a.offset = offset;
+        a.type = head.mid(4, 4);
+        const quint32 size32 = qFromBigEndian<quint32>(head.constData());
+        quint64 headerSize = 8;
+        if (size32 == 1) {
+            if (head.size() < 16)
+                break;
+            a.size = qFromBigEndian<quint64>(head.constData() + 8);
+            headerSize = 16;
+        } else if (size32 == 0) {
+            a.size = fileSize - offset;
+        } else {
+            a.size = size32;
+        }
+        if (a.size < headerSize)
+            break;
+        atoms.append(a);
+        if (a.size > fileSize - offset)
+            break;
+        offset += a.size;
+    }
+    return atoms;
+}
+
+} // namespace fixtures
