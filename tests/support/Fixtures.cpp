@@ -63,6 +63,9 @@ const QVector<Row> &table()
         {"prores.mov", kVideo + kSound + QStringList{"-c:v", "prores_ks", "-profile:v", "2", "-q:v", "20"} + audio("pcm_s16le")},
         {"mjpeg.mov", kVideo + kSound + QStringList{"-c:v", "mjpeg", "-q:v", "15", "-pix_fmt", "yuvj420p"}
                           + audio("pcm_s16le")},
+        // Without sound, so the video tag alone decides the code.
+        {"prores_silent.mov", kVideo + QStringList{"-c:v", "prores_ks", "-profile:v", "2", "-q:v", "20"}},
+        {"mjpeg_silent.mov", kVideo + QStringList{"-c:v", "mjpeg", "-q:v", "15", "-pix_fmt", "yuvj420p"}},
         {"video_only.mp4", kVideo + kX264},
         {"h264_aac.ts", kVideo + kSound + kX264 + kAac},
         {"h264_mp2.ps", kVideo + kSound + kX264 + QStringList{"-c:a", "mp2", "-b:a", "64k", "-f", "mpeg"}},
@@ -392,6 +395,8 @@ QString withSuffix(const QString &src, const QString &suffix)
 QList<Atom> topLevelAtoms(const QString &path)
 {
     QList<Atom> atoms;
+    if (path.isEmpty())
+        return atoms;
     QFile f(path);
     if (!f.open(QIODevice::ReadOnly)) {
         qWarning("fixtures: cannot open %s: %s", qPrintable(path), qPrintable(f.errorString()));

@@ -27,6 +27,7 @@ QString ffmpeg();  // absolute path of "ffmpeg" on PATH, empty if absent
 //   h264_opus.mp4 / h264_ac3.mp4 / h264_ac3.mov
 //   hevc_aac.mp4 (hvc1) / hevc_pcm.mov (hvc1 + twos)
 //   mpeg4.mp4 (mp4v) / av1.mp4 (av01) / prores.mov (apcn) / mjpeg.mov (jpeg)
+//   prores_silent.mov / mjpeg_silent.mov   the same without sound
 //   video_only.mp4          avc1, no sound track
 //   h264_aac.ts             transport stream, PMT lists H.264 (0x1B) then AAC (0x0F)
 //   h264_mp2.ps             program stream, H.264 + MP2 (PS cannot carry AAC)
