@@ -27,7 +27,7 @@ size_t preadFull(int fd, quint8 *dst, size_t n, quint64 pos)
 } // namespace
 
 BufferedReader::BufferedReader(size_t windowBytes)
-    : m_buf(qMax<size_t>(windowBytes, 2 * kAlign))
+    : m_window(qMax<size_t>(windowBytes, 4 * kAlign))
 {
 }
 
@@ -48,6 +48,12 @@ bool BufferedReader::open(const QString &path)
     m_fd = fd;
     m_path = path;
     m_size = quint64(st.st_size);
+    // A small file gets a small window (plus the alignment slack).
+    const size_t need = size_t(qMin<quint64>(m_window, m_size + 2 * kAlign));
+    if (need > m_bufSize) {
+        m_buf.reset(new quint8[need]);
+        m_bufSize = need;
+    }
     m_winPos = m_winLen = 0;
     m_cursor = 0;
     return true;
@@ -69,22 +75,22 @@ bool BufferedReader::load(quint64 pos)
         return false;
     quint64 start = pos - pos % kAlign;
     // Keep a little history behind pos for backward-looking probes.
-    if (pos - start < kAlign && start >= kAlign && m_buf.size() > 4 * kAlign)
+    if (start >= kAlign && m_bufSize >= 4 * kAlign)
         start -= kAlign;
-    const size_t want = size_t(qMin<quint64>(m_buf.size(), m_size - start));
+    const size_t want = size_t(qMin<quint64>(m_bufSize, m_size - start));
     m_winPos = start;
-    m_winLen = preadFull(m_fd, m_buf.data(), want, start);
+    m_winLen = preadFull(m_fd, m_buf.get(), want, start);
     ++m_diskReads;
     return pos - m_winPos < m_winLen;
 }
 
 const quint8 *BufferedReader::peekSlow(quint64 pos, size_t n)
 {
-    if (m_fd < 0 || n > m_buf.size() / 2 || pos >= m_size || m_size - pos < n)
+    if (m_fd < 0 || n > m_bufSize / 2 || pos >= m_size || m_size - pos < n)
         return nullptr;
     if (!load(pos) || m_winLen - (pos - m_winPos) < n)
         return nullptr;
-    return m_buf.data() + (pos - m_winPos);
+    return m_buf.get() + (pos - m_winPos);
 }
 
 size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
@@ -100,7 +106,7 @@ size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
         const quint64 p = pos + done;
         if (!(p - m_winPos < m_winLen)) {
             // A big read past the window goes straight to the disk.
-            if (avail - done >= m_buf.size()) {
+            if (avail - done >= m_bufSize) {
                 const size_t got = preadFull(m_fd, out + done, avail - done, p);
                 ++m_diskReads;
                 done += got;
@@ -111,7 +117,7 @@ size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
         }
         const size_t off = size_t(p - m_winPos);
         const size_t chunk = qMin<size_t>(avail - done, size_t(m_winLen) - off);
-        std::memcpy(out + done, m_buf.data() + off, chunk);
+        std::memcpy(out + done, m_buf.get() + off, chunk);
         done += chunk;
     }
     if (done < n)

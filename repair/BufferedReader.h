@@ -15,7 +15,7 @@
 #include <QtGlobal>
 #include <cstddef>
 #include <cstring>
-#include <vector>
+#include <memory>
 
 class BufferedReader
 {
@@ -79,7 +79,7 @@ public:
     const quint8 *peek(quint64 pos, size_t n)
     {
         if (pos - m_winPos < m_winLen && m_winLen - (pos - m_winPos) >= n)
-            return m_buf.data() + (pos - m_winPos);
+            return m_buf.get() + (pos - m_winPos);
         return peekSlow(pos, n);
     }
 
@@ -101,7 +101,9 @@ private:
     int m_fd = -1;
     QString m_path;
     quint64 m_size = 0;
-    std::vector<quint8> m_buf;
+    size_t m_window;                 // the window size asked for
+    size_t m_bufSize = 0;            // what is allocated: no more than the file needs
+    std::unique_ptr<quint8[]> m_buf; // left uninitialised; only loaded bytes are read
     quint64 m_winPos = 0;
     quint64 m_winLen = 0;
     quint64 m_cursor = 0;

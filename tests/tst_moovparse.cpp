@@ -4,6 +4,7 @@
 #include "repair/ThreadVideoRepair.h"
 #include "support/MovBuilder.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -174,6 +175,64 @@ private Q_SLOTS:
         QVERIFY(t.pVideoStsd.size() <= QFileInfo(p).size());
         readAsDamaged(p);
         QVERIFY(t.pVideoStsd.size() <= QFileInfo(p).size());
+    }
+
+    void survivesCorruptedMoovs()
+    {
+        // Random damage inside a moov: every parse must end, within the file,
+        // and (under the sanitizers) without touching memory it doesn't own.
+        const QByteArray clean = ftyp() + atom("mdat", QByteArray(2048, '\x5a'))
+                                 + moov({videoTrak("avc1", 1280, 720, 30000, 1001,
+                                                   atom("ctts", zeros(4) + be32(2) + zeros(16))),
+                                         soundTrak(sampleEntrySound("mp4a", 48000, esds(0x40)))});
+        const int moovAt = clean.indexOf("moov") + 16;
+        QRandomGenerator rng(1234);
+        const QString path = m_dir.filePath("fuzz.mov");
+        for (int round = 0; round < 300; ++round) {
+            QByteArray bytes = clean;
+            const int flips = 1 + int(rng.bounded(24));
+            for (int i = 0; i < flips; ++i) {
+                const int at = moovAt + int(rng.bounded(bytes.size() - moovAt));
+                // Favour values that make sizes absurd: 00 and FF.
+                const quint32 kind = rng.bounded(3);
+                bytes[at] = kind == 0 ? '\0' : kind == 1 ? '\xff' : char(rng.bounded(256));
+            }
+            QVERIFY(mov::write(path, bytes));
+            pApp.reset();
+            ThreadVideoRepair t;
+            t.ScanSampleFile(path);
+            QVERIFY(t.pVideoStsd.size() <= bytes.size());
+            QVERIFY(t.pSoundStsd.size() <= bytes.size());
+            pApp.reset();
+            ThreadVideoRepair u;
+            QVERIFY(u.pSource.open(path));
+            u.ullFileLeft = pApp.ullFileSize = u.pSource.size();
+            u.WalkDamagedFile();
+            QVERIFY(u.pVideoStsd.size() <= bytes.size());
+        }
+    }
+
+    void survivesRandomAndZeroFiles()
+    {
+        QRandomGenerator rng(99);
+        QByteArray noise(256 * 1024, '\0');
+        for (int i = 0; i < noise.size(); ++i)
+            noise[i] = char(rng.bounded(256));
+        // Tags planted in noise: a moov header with an absurd size, a lone mvhd.
+        noise.replace(1000, 8, be32(0xFFFFFFF0) + "moov");
+        noise.replace(5000, 4, "mvhd");
+        noise.replace(9000, 8, be32(1) + "mdat");
+        for (const QByteArray &bytes : {noise, QByteArray(200 * 1024, '\0'), QByteArray("moov"), QByteArray()}) {
+            const QString path = m_dir.filePath("noise.mov");
+            QVERIFY(mov::write(path, bytes));
+            pApp.reset();
+            ThreadVideoRepair t;
+            QVERIFY(t.pSource.open(path));
+            t.ullFileLeft = pApp.ullFileSize = t.pSource.size();
+            t.WalkDamagedFile();
+            pApp.reset();
+            t.ScanSampleFile(path);
+        }
     }
 };
 
