@@ -2,6 +2,7 @@
 // and tests.
 
 #include "cli/CliRun.h"
+#include "mux/FfmpegRunner.h"
 #include "repair/ThreadVideoRepair.h"
 
 #include <QCoreApplication>
@@ -148,9 +149,18 @@ int repair(const QStringList &args)
     }
     if (!opt.verbose)
         qInstallMessageHandler(quietMessages);
+    pApp.strFfmpegDir = mux::FfmpegDir();
+    const bool noFfmpeg = mux::FindFfmpeg().isEmpty();
+    if (noFfmpeg)
+        std::fprintf(stderr,
+                     "videomend-cli: ffmpeg was not found, so repaired files can't be written. Install it with "
+                     "'sudo apt install ffmpeg', or put an ffmpeg program in %s/\n",
+                     qPrintable(pApp.strFfmpegDir));
     std::signal(SIGINT, onInterrupt);
     CliRun run(opt);
-    return run.exec();
+    const int status = run.exec();
+    // A set-up error, not the files' fault, when ffmpeg was what was missing.
+    return status == 1 && noFfmpeg ? 2 : status;
 }
 
 } // namespace

@@ -16,6 +16,10 @@
 #include <QWaitCondition>
 #include <memory>
 
+namespace mux {
+enum class StageId : int;
+}
+
 class ThreadVideoRepair : public QThread
 {
     Q_OBJECT
@@ -46,6 +50,9 @@ public:
     QString strAsfSource;
     QString strOutputPath;
     QString strBaseCopy;
+    QString strFinalName;  // output name after the mux stages' renaming rules
+    QString strAltName;    // "1_" + strFileName: the second try of a mux
+    QString strCarvedName; // the source's file name as a carver saw it
     QString strScratch[4];
     quint64 ullFileLeft = 0;
     bool bAviSample = false;
@@ -94,6 +101,33 @@ public:
     void RepairAsfFile(const QString &repairedDir);
     void RepairMkvFile(quint64 size, BufferedReader &file);
     void RepairMpegFile(quint64 found, BufferedReader &file, quint64 size);
+
+    // --- Mux stages: one per carving chain, all run by RunMuxStage ---
+    void RunMuxStage(mux::StageId id, CarverArgs &args);
+    void MuxH264Aac(CarverArgs &args);
+    void MuxHevcAac(CarverArgs &args);
+    void MuxAv1(CarverArgs &args);
+    void MuxH264Ac3(CarverArgs &args);
+    void MuxTs(CarverArgs &args);
+    void MuxH264Alaw(CarverArgs &args);
+    void MuxH264Ulaw(CarverArgs &args);
+    void MuxHevcAlaw(CarverArgs &args);
+    void MuxHevcUlaw(CarverArgs &args);
+    void MuxH264Opus(CarverArgs &args);
+    void MuxH264Ima(CarverArgs &args);
+    void MuxH264Sowt(CarverArgs &args);
+    void MuxH264Lpcm(CarverArgs &args);
+    void MuxHevcLpcm(CarverArgs &args);
+    void MuxH264Twos(CarverArgs &args);
+    void MuxHevcTwos(CarverArgs &args);
+    void MuxH264Mp3(CarverArgs &args);
+    void MuxMpeg4(CarverArgs &args);
+    void MuxMpegPs(CarverArgs &args);
+    void MuxMkv(CarverArgs &args);
+    // One row of the command table by its name, into the work folder under
+    // outName (strFileName when empty). False when the row is unknown or
+    // ffmpeg could not be started.
+    bool RunMuxRow(const QString &rowName, CarverArgs &args, const QString &outName = QString());
 
     // --- Index rebuild ---
     void WriteRebuiltFile(const QString &logPath);

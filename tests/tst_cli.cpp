@@ -125,6 +125,20 @@ private Q_SLOTS:
         QCOMPARE(o["formatCode"].toInt(), 0);
         QVERIFY(o["output"].isNull());
         QVERIFY(QFileInfo(work.filePath("Repaired")).isDir());
+
+        // Without ffmpeg the run still ends, with one clear line and status 2.
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("PATH", "");
+        p.setProcessEnvironment(env);
+        p.setWorkingDirectory(m_dir.path());
+        p.start(VM_CLI_PATH, {"repair", "--", "-y.mp4"});
+        QVERIFY(p.waitForFinished(60000));
+        QCOMPARE(p.exitCode(), 2);
+        const QString err = QString::fromUtf8(p.readAllStandardError());
+        QCOMPARE(err.count("ffmpeg was not found"), 1);
+        QVERIFY(err.contains("apt install ffmpeg"));
+        QCOMPARE(QString::fromUtf8(p.readAllStandardOutput()), QString("Awaiting Action\t-y.mp4\t-\n"));
         QCOMPARE(digest(m_dir.filePath("-y.mp4")), before);
         // Nothing appeared beside the sources but the work folder.
         QStringList left = QDir(m_dir.path()).entryList(QDir::Files | QDir::NoDotAndDotDot);

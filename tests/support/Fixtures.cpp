@@ -73,6 +73,18 @@ const QVector<Row> &table()
                              + QStringList{"-c:v", "mpeg2video", "-q:v", "8", "-g", "12", "-c:a", "mp2",
                                            "-b:a", "64k", "-f", "vob"}},
         {"h264_aac.3gp", kVideo + kSound + kX264 + kAac},
+        // Elementary streams, as the carvers leave them in the work folder.
+        {"es.h264", kVideo + kX264},
+        {"es.hevc", kVideo + kX265},
+        {"es.m4v", kVideo + QStringList{"-c:v", "mpeg4", "-q:v", "8", "-g", "25"}},
+        {"es.obu", kVideo + QStringList{"-c:v", "libaom-av1", "-usage", "realtime", "-cpu-used", "8", "-g", "25"}},
+        {"es.aac", kSound + kAac},
+        {"es.ac3", kSound + QStringList{"-c:a", "ac3", "-b:a", "96k"}},
+        {"es.wav", kSound + audio("pcm_s16le")},
+        {"es_s16le.pcm", kSound + QStringList{"-f", "s16le", "-ac", "2", "-c:a", "pcm_s16le"}},
+        {"es_s16be.pcm", kSound + QStringList{"-f", "s16be", "-ac", "2", "-c:a", "pcm_s16be"}},
+        {"es_s24le.pcm", kSound + QStringList{"-f", "s24le", "-ac", "2", "-c:a", "pcm_s24le"}},
+        {"es.mp3", kSound + QStringList{"-c:a", "libmp3lame", "-b:a", "64k"}},
     };
     return rows;
 }

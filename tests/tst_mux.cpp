@@ -1,0 +1,336 @@
+// The mux stages run for real: elementary streams made by ffmpeg go through
+// each stage, and the output is probed for its streams and frame count.
+
+#include "carve/video/WorkFiles.h"
+#include "mux/MuxStages.h"
+#include "repair/ThreadVideoRepair.h"
+#include "support/Fixtures.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace mux;
+
+namespace {
+struct Probe
+{
+    int videoPackets = -1; // -1: no video stream
+    int audioStreams = 0;
+};
+
+Probe probe(const QString &path)
+{
+    Probe p;
+    QProcess proc;
+    proc.start("ffprobe", {"-v", "error", "-count_packets", "-show_entries", "stream=codec_type,nb_read_packets",
+                           "-of", "csv=p=0", path});
+    proc.waitForFinished(60000);
+    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
+        const QStringList f = line.trimmed().split(',');
+        if (f.value(0) == "video")
+            p.videoPackets = f.value(1).toInt();
+        else if (f.value(0) == "audio")
+            ++p.audioStreams;
+    }
+    return p;
+}
+
+// Frames in the elementary streams of the fixtures: 2 s at 25 per second.
+constexpr int kFrames = 50;
+} // namespace
+
+class TestMux : public QObject
+{
+    Q_OBJECT
+    QScopedPointer<QTemporaryDir> m_base;
+
+    // A fresh work base with the given streams under their work-file names.
+    CarverArgs prepare(const QString &videoFixture, const char *videoName, const QString &audioFixture,
+                       const char *audioName)
+    {
+        m_base.reset(new QTemporaryDir);
+        pApp.reset();
+        pApp.strWorkBase = m_base->path();
+        workfiles::EnsureWorkFolder();
+        CarverArgs a;
+        a.strSource = m_base->filePath("clip.mov");
+        if (!videoFixture.isEmpty()) {
+            a.strVideo = workfiles::Path(videoName);
+            QFile::copy(fixtures::healthy(videoFixture), a.strVideo);
+        }
+        if (!audioFixture.isEmpty()) {
+            a.strAudio = workfiles::Path(audioName);
+            QFile::copy(fixtures::healthy(audioFixture), a.strAudio);
+        }
+        pApp.bSampleHasAudio = true;
+        pApp.nSampleFrames = kFrames;
+        pApp.nSampleDuration = 2000;
+        pApp.nSampleTimeScale = 1000;
+        return a;
+    }
+    QString out(const QString &name) const { return workfiles::OutputFolder() + "/" + name; }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (mux::FindFfmpeg().isEmpty() || QStandardPaths::findExecutable("ffprobe").isEmpty())
+            QSKIP("ffmpeg and ffprobe are needed");
+        for (const char *f : {"es.h264", "es.hevc", "es.m4v", "es.obu", "es.aac", "es.ac3", "es.wav",
+                              "es_s16le.pcm", "es_s16be.pcm", "es_s24le.pcm", "es.mp3"})
+            QVERIFY2(!fixtures::healthy(f).isEmpty(), f);
+    }
+
+    void frameRateRule()
+    {
+        QCOMPARE(FrameRate(57, 1900, 1000), 57u);  // 1.9 s counts as 1
+        QCOMPARE(FrameRate(119, 3900, 1000), 39u); // 3.9 s counts as 3
+        QCOMPARE(FrameRate(24, 900, 1000), 30u);   // under a second
+        QCOMPARE(FrameRate(0, 2000, 1000), 30u);
+        QCOMPARE(FrameRate(50, 0, 1000), 30u);
+        QCOMPARE(FrameRate(50, 2000, 0), 30u);
+        QCOMPARE(FrameRate(300, 10010, 1000), 30u);
+        QVERIFY(RateOutsideUsual(24));
+        QVERIFY(!RateOutsideUsual(25));
+        QVERIFY(!RateOutsideUsual(32));
+        QVERIFY(RateOutsideUsual(33));
+        QVERIFY(RateOutsideUsual(0)); // unsigned: 0 - 25 wraps round
+    }
+
+    void argumentsAreTheRowsText()
+    {
+        Values v;
+        v.video = "/w/Repaired/video.h264";
+        v.audio = "/w/Repaired/audio.aac";
+        v.out = "clip.mov";
+        QCOMPARE(BuildArguments(RowOf(RowId::H264AacMux), v),
+                 QString("-r 30 -i /w/Repaired/video.h264 -i /w/Repaired/audio.aac -bsf:a aac_adtstoasc -c:v copy "
+                         "-c:a copy clip.mov").split(' '));
+        // Hostile names stay one argument and can't pass for an option or a protocol.
+        for (const char *raw : {"--clip.mov", "-a-b.mov", "my clip.mov", "a\"b.mov", "-y.mov", "clip ü.mov",
+                                "http:x.mov"}) {
+            const QString name = QString::fromUtf8(raw);
+            v.out = name;
+            const QStringList a = BuildArguments(RowOf(RowId::H264AacVideoOnly), v);
+            QCOMPARE(a.size(), 7);
+            QVERIFY(!a.last().startsWith('-'));
+            QVERIFY(a.last().endsWith(name));
+            QVERIFY(a.last() == name || a.last() == "./" + name);
+        }
+        QCOMPARE(FixLeadingDashes("--clip.mov"), QString("__clip.mov"));
+        QCOMPARE(FixLeadingDashes("-a-b.mov"), QString("_a-b.mov"));
+        QCOMPARE(FixLeadingDashes("clip-1.mov"), QString("clip-1.mov"));
+        // The PCM description, and the empty format an unknown depth gives.
+        QCOMPARE(DescribePcm(0, 0, 0).fmt, QString("s24le"));
+        QCOMPARE(DescribePcm(16, 44100, 1).rate, 44100u);
+        QCOMPARE(DescribePcm(16, 44100, 1).channels, 1u);
+        QCOMPARE(DescribePcm(32, 0, 6).channels, 2u);
+        QCOMPARE(DescribePcm(8, 0, 2).fmt, QString());
+        QCOMPARE(DescribePcm(8, 0, 2).rate, 48000u);
+        // Every row is reachable by its name.
+        QCOMPARE(RowNames().size(), int(RowId::Count));
+        for (const QString &n : RowNames())
+            QCOMPARE(QString(RowByName(n)->name), n);
+    }
+
+    void everyStageWrapsItsStreams_data()
+    {
+        QTest::addColumn<QString>("stage");
+        QTest::addColumn<QString>("video");
+        QTest::addColumn<QString>("videoName");
+        QTest::addColumn<QString>("audio");
+        QTest::addColumn<QString>("audioName");
+        QTest::addColumn<int>("audioStreams");
+        QTest::addColumn<bool>("reencodes");
+        using namespace workfiles;
+        QTest::newRow("H264Aac") << "H264Aac" << "es.h264" << kVideoH264 << "es.aac" << kAudioAac << 1 << false;
+        QTest::newRow("HevcAac") << "HevcAac" << "es.hevc" << kVideoHevc << "es.aac" << kAudioAac << 1 << false;
+        QTest::newRow("Av1") << "Av1" << "es.obu" << kVideoAv1 << "es.aac" << kAudioAac << 1 << false;
+        QTest::newRow("H264Ac3") << "H264Ac3" << "es.h264" << kVideoH264 << "es.ac3" << kAudioAc3 << 1 << false;
+        QTest::newRow("Ts") << "Ts" << "es.h264" << kVideoH264 << "es.aac" << kAudioAac << 1 << true;
+        QTest::newRow("H264Alaw") << "H264Alaw" << "es.h264" << kVideoH264 << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("H264Ulaw") << "H264Ulaw" << "es.h264" << kVideoH264 << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("HevcAlaw") << "HevcAlaw" << "es.hevc" << kVideoHevc << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("HevcUlaw") << "HevcUlaw" << "es.hevc" << kVideoHevc << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("H264Opus never muxes its sound")
+            << "H264Opus" << "es.h264" << kVideoH264 << "es.wav" << kAudioWavFull << 0 << false;
+        QTest::newRow("H264Ima") << "H264Ima" << "es.h264" << kVideoH264 << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("H264Sowt") << "H264Sowt" << "es.h264" << kVideoH264 << "es.wav" << kAudioWavFull << 1 << false;
+        QTest::newRow("H264Lpcm") << "H264Lpcm" << "es.h264" << kVideoH264 << "es_s24le.pcm" << kAudioPcmGaps << 1
+                                  << false;
+        QTest::newRow("HevcLpcm") << "HevcLpcm" << "es.hevc" << kVideoHevc << "es_s16le.pcm" << kAudioPcmGaps << 1
+                                  << false;
+        QTest::newRow("H264Twos") << "H264Twos" << "es.h264" << kVideoH264 << "es_s16be.pcm" << kAudioPcm << 1 << false;
+        QTest::newRow("HevcTwos") << "HevcTwos" << "es.hevc" << kVideoHevc << "es_s16be.pcm" << kAudioPcm << 1 << false;
+        QTest::newRow("H264Mp3") << "H264Mp3" << "es.h264" << kVideoH264 << "es.mp3" << kAudioAac << 1 << false;
+        QTest::newRow("Mpeg4") << "Mpeg4" << "es.m4v" << kVideoM4v << "es.aac" << kAudioAac << 1 << false;
+        QTest::newRow("MpegPs") << "MpegPs" << "es.h264" << kVideoHevc << "es.aac" << kAudioAac << 1 << false;
+        QTest::newRow("Mkv") << "Mkv" << "es.h264" << kVideoH264 << "es.aac" << kAudioAac << 1 << false;
+    }
+
+    void everyStageWrapsItsStreams()
+    {
+        QFETCH(QString, stage);
+        QFETCH(QString, video);
+        QFETCH(QString, videoName);
+        QFETCH(QString, audio);
+        QFETCH(QString, audioName);
+        QFETCH(int, audioStreams);
+        QFETCH(bool, reencodes);
+        CarverArgs a = prepare(video, qPrintable(videoName), audio, qPrintable(audioName));
+        const Stage *st = StageByName(stage);
+        QVERIFY(st);
+        ThreadVideoRepair t;
+        t.strFileName = "clip.mov";
+        pApp.strAudioWavPath = a.strAudio;
+        if (stage == "H264Lpcm") {
+            pApp.nSoundBits = 24;
+            pApp.nSoundSampleRate = 48000;
+            pApp.nSoundChannels = 2;
+        } else if (stage == "HevcLpcm") {
+            pApp.nSoundBits = 16;
+        } else if (stage == "Mkv") {
+            t.strFileName = "clip.mkv"; // written as clip.mov
+            pApp.strProbedFps = "25";
+        } else if (stage == "Av1") {
+            t.strFileName = "clip.mp4"; // ffmpeg puts AV1 in MP4 only
+        }
+        t.RunMuxStage(st->id, a);
+        const QString result = out(stage == "Av1" ? "clip.mp4" : "clip.mov");
+        QVERIFY2(QFileInfo(result).size() > 2048, qPrintable(result));
+        const Probe p = probe(result);
+        if (reencodes)
+            QVERIFY(p.videoPackets > 0);
+        else
+            QCOMPARE(p.videoPackets, kFrames);
+        QCOMPARE(p.audioStreams, audioStreams);
+        QVERIFY(pApp.bMuxedResult);
+        QVERIFY(!pApp.bInMuxStage);
+        // The stage's work files are gone; the result stays.
+        for (const char *name : st->removes)
+            QVERIFY2(!QFile::exists(workfiles::Path(name)), name);
+        QVERIFY(!QFile::exists(out("1_clip.mov")));
+    }
+
+    void refusedSoundFallsBackToThePicture()
+    {
+        using namespace workfiles;
+        CarverArgs a = prepare("es.h264", kVideoH264, QString(), kAudioAac);
+        a.strAudio = workfiles::Path(kAudioAac);
+        QByteArray noise(20000, '\0');
+        QRandomGenerator rng(5);
+        for (int i = 0; i < noise.size(); ++i)
+            noise[i] = char(rng.bounded(256));
+        QFile f(a.strAudio);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(noise);
+        f.close();
+        // An unusual sample rate (24 per second) would also write "1_clip.mov";
+        // with the sound refused that half is removed as well.
+        pApp.nSampleFrames = 48;
+        ThreadVideoRepair t;
+        t.strFileName = "clip.mov";
+        t.MuxH264Aac(a);
+        const Probe p = probe(out("clip.mov"));
+        QCOMPARE(p.videoPackets, kFrames);
+        QCOMPARE(p.audioStreams, 0);
+        QVERIFY(!QFile::exists(out("1_clip.mov")));
+        QCOMPARE(pApp.nMuxFps, 24u);
+    }
+
+    void unusualRateKeepsBothResults()
+    {
+        using namespace workfiles;
+        CarverArgs a = prepare("es.h264", kVideoH264, "es.aac", kAudioAac);
+        pApp.nSampleFrames = 48; // 24 per second
+        ThreadVideoRepair t;
+        t.strFileName = "clip.mov";
+        t.MuxH264Aac(a);
+        QCOMPARE(probe(out("clip.mov")).audioStreams, 1);
+        QCOMPARE(probe(out("1_clip.mov")).audioStreams, 1);
+
+        // 30 per second: only the one result. An old result is replaced, not kept.
+        a = prepare("es.h264", kVideoH264, "es.aac", kAudioAac);
+        QFile old(out("clip.mov"));
+        QVERIFY(old.open(QIODevice::WriteOnly));
+        old.write("stale");
+        old.close();
+        pApp.nSampleFrames = 60;
+        t.MuxH264Aac(a);
+        QCOMPARE(probe(out("clip.mov")).videoPackets, kFrames);
+        QVERIFY(!QFile::exists(out("1_clip.mov")));
+    }
+
+    void rsvSourcesGiveMp4()
+    {
+        using namespace workfiles;
+        CarverArgs a = prepare("es.h264", kVideoH264, "es_s16be.pcm", kAudioPcm);
+        a.strSource = m_base->filePath("movie.RSV");
+        ThreadVideoRepair t;
+        t.strFileName = "movie.RSV";
+        t.MuxH264Twos(a);
+        QCOMPARE(t.strFileName, QString("movie.mp4"));
+        QCOMPARE(probe(out("movie.mp4")).audioStreams, 1);
+        QVERIFY(a.strSource.isEmpty()); // the stage clears the record's first paths
+    }
+
+    void hostileNamesStayInTheWorkFolder()
+    {
+        using namespace workfiles;
+        for (const char *raw : {"--clip.mov", "-a-b.mov", "my clip.mov", "a\"b.mov", "-y.mov", "clip ü.mov"}) {
+            const QString name = QString::fromUtf8(raw);
+            for (const char *stage : {"H264Aac", "HevcAac"}) {
+                const bool hevc = QByteArray(stage) == "HevcAac";
+                CarverArgs a = prepare(hevc ? "es.hevc" : "es.h264", hevc ? kVideoHevc : kVideoH264, "es.aac",
+                                       kAudioAac);
+                const QStringList before = QDir(m_base->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot);
+                ThreadVideoRepair t;
+                t.strFileName = name;
+                t.RunMuxStage(StageByName(stage)->id, a);
+                QVERIFY2(QFileInfo(out(name)).size() > 2048, qPrintable(name + " " + stage));
+                QCOMPARE(probe(out(name)).audioStreams, 1);
+                QCOMPARE(QDir(m_base->path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), before);
+                // Nothing but the result is left in the work folder.
+                QCOMPARE(QDir(workfiles::OutputFolder()).entryList(QDir::Files), QStringList{name});
+            }
+        }
+    }
+
+    void missingFfmpegEndsQuietly()
+    {
+        using namespace workfiles;
+        CarverArgs a = prepare("es.h264", kVideoH264, "es.aac", kAudioAac);
+        const QByteArray path = qgetenv("PATH");
+        qputenv("PATH", "");
+        ThreadVideoRepair t;
+        t.strFileName = "clip.mov";
+        t.MuxH264Aac(a);
+        QVERIFY(!t.RunMuxRow("RemuxVideoOnly", a));
+        qputenv("PATH", path);
+        QVERIFY(!QFile::exists(out("clip.mov")));
+        QVERIFY(!QFile::exists(a.strVideo)); // the row's work files are removed all the same
+        QVERIFY(!QFile::exists(a.strAudio));
+    }
+
+    void sourceRemuxRowsByName()
+    {
+        VM_FIXTURE(src, fixtures::healthy("h264_aac.mov"));
+        CarverArgs a = prepare(QString(), nullptr, QString(), nullptr);
+        a.strSource = src;
+        ThreadVideoRepair t;
+        t.strFileName = "clip.mov";
+        QVERIFY(t.RunMuxRow("RemuxCopyAudio", a));
+        Probe p = probe(out("clip.mov"));
+        QCOMPARE(p.videoPackets, kFrames);
+        QCOMPARE(p.audioStreams, 1);
+        QVERIFY(t.RunMuxRow("RemuxVideoOnly", a, "v.mp4"));
+        p = probe(out("v.mp4"));
+        QCOMPARE(p.videoPackets, kFrames);
+        QVERIFY(!t.RunMuxRow("NoSuchRow", a));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestMux)
+#include "tst_mux.moc"
