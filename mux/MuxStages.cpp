@@ -102,7 +102,7 @@ const Stage *StageByName(const QString &name)
 
 using namespace mux;
 
-void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args)
+void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
 {
     const Stage &stage = StageOf(id);
     RepairState &s = pApp;
@@ -192,6 +192,9 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args)
         withAudio = false;
         break;
     }
+    // A splitter knows which branch it took; it has cleared the sample's flag by now.
+    if (withSound >= 0 && stage.videoOnly != RowId::Count && stage.choose == Choose::SampleHasAudio)
+        withAudio = withSound == 1;
 
     if (withAudio) {
         run(stage.first, out);

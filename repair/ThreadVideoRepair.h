@@ -19,6 +19,13 @@
 namespace mux {
 enum class StageId : int;
 }
+namespace carve {
+enum class Learner;
+enum class Splitter;
+enum class Finaliser;
+struct CarverRow;
+}
+class HeadList;
 
 class ThreadVideoRepair : public QThread
 {
@@ -53,6 +60,7 @@ public:
     QString strFinalName;  // output name after the mux stages' renaming rules
     QString strAltName;    // "1_" + strFileName: the second try of a mux
     QString strCarvedName; // the source's file name as a carver saw it
+    QString strSpliceName; // the damaged file's name, as the splitter saw it
     QString strScratch[4];
     quint64 ullFileLeft = 0;
     bool bAviSample = false;
@@ -92,6 +100,20 @@ public:
     void CarveH264WithMp3(CarverArgs &args);
     void CarveH264WithAac(CarverArgs &args);
 
+    // --- The H.264 carving chain ---
+    void CarveH264(quint32 code, CarverArgs &args);
+    void H264FirstRunCheck(const carve::CarverRow &row, CarverArgs &args);
+    void HarvestH264Sample(const carve::CarverRow &row, CarverArgs &args);
+    bool H264TopLevelWalk(const carve::CarverRow &row, BufferedReader &f, bool &mdatSeen);
+    void WriteUniqueSequences(bool video, CarverArgs &args);
+    void LearnAudio(carve::Learner id, CarverArgs &args);
+    void RunSplitter(carve::Splitter id, CarverArgs &args);
+    void SplitH264Aac(CarverArgs &args);
+    void SplitH264Mp3(CarverArgs &args);
+    // heads: the audio head list to walk; nullptr reads "/AudioUNIQUEfile.txt" into memory.
+    void SplitH264(carve::Splitter id, CarverArgs &args, HeadList *heads);
+    void RunFinaliser(carve::Finaliser id, CarverArgs &args);
+
     // --- Paths of other containers ---
     void RepairAviFile(const QString &fileName);
     void RepairFlvFile(const QString &fileName);
@@ -103,7 +125,9 @@ public:
     void RepairMpegFile(quint64 found, BufferedReader &file, quint64 size);
 
     // --- Mux stages: one per carving chain, all run by RunMuxStage ---
-    void RunMuxStage(mux::StageId id, CarverArgs &args);
+    // withSound: -1 lets the stage decide by the sample; 0 or 1 is the branch a
+    // splitter took.
+    void RunMuxStage(mux::StageId id, CarverArgs &args, int withSound = -1);
     void MuxH264Aac(CarverArgs &args);
     void MuxHevcAac(CarverArgs &args);
     void MuxAv1(CarverArgs &args);

@@ -1,0 +1,579 @@
+// The splitters: one walk over the damaged file that sends video units to the
+// video stream file and audio frames to the audio file. One state machine,
+// driven by a row per member.
+
+#include "carve/audio/Adts.h"
+#include "carve/audio/AudioConstants.h"
+#include "carve/audio/HeadList.h"
+#include "carve/audio/Mp3Frame.h"
+#include "carve/video/CarveConstants.h"
+#include "carve/video/CarveFamily.h"
+#include "carve/video/WorkFiles.h"
+#include "mux/MuxStages.h"
+#include "repair/ThreadVideoRepair.h"
+
+#include <QFileInfo>
+#include <QtDebug>
+#include <cstring>
+
+using namespace carve;
+
+namespace {
+
+enum class AudioKind { AdtsHeads, Mp3Frames };
+
+struct SplitterRow
+{
+    Splitter id;
+    const char *name;
+    NalSet run;           // a unit, and what must follow it
+    NalSet first;         // the first unit of the file
+    NalSet gap;           // a unit that ends an audio gap
+    NalSet videoOnly;     // the branch for a sample without sound
+    NalSet videoOnlyDji;  // the same for a sample with the "DJI." tag
+    AudioKind audio;
+    mux::StageId mux;
+};
+
+const SplitterRow &rowOf(Splitter id)
+{
+    static const NalSet kAacRun{0x01, 0x06, 0x0C, 0x0E, 0x21, 0x25, 0x27, 0x28, 0x41, 0x4E, 0x61, 0x65, 0x67, 0x68};
+    static const NalSet kAacGap = NalSet{0x01, 0x06, 0x0C, 0x21, 0x25, 0x27, 0x28, 0x41, 0x61, 0x65, 0x67, 0x68}
+                                      .butNotBefore(0x21, 0x1A); // 21 1A opens many AAC frames
+    static const NalSet kVideoOnly = NalSet{0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x40, 0x41, 0x42, 0x44, 0x46, 0x4E,
+                                            0x61, 0x65, 0x67, 0x68}
+                                         .onlyBefore(0x02, 0x01);
+    static const NalSet kVideoOnlyDji{0x46, 0x4E, 0x61, 0x65, 0x67, 0x68};
+    static const NalSet kMp3Run{0x01, 0x06, 0x21, 0x25, 0x41, 0x61, 0x65, 0x67, 0x68};
+    static const NalSet kMp3First{0x06, 0x61, 0x65, 0x67, 0x68};
+    static const SplitterRow kRows[] = {
+        {Splitter::H264Aac, "SplitH264Aac", kAacRun, kAacRun, kAacGap, kVideoOnly, kVideoOnlyDji, AudioKind::AdtsHeads,
+         mux::StageId::H264Aac},
+        {Splitter::H264Mp3, "SplitH264Mp3", kMp3Run, kMp3First, kMp3First, kMp3Run, kMp3Run, AudioKind::Mp3Frames,
+         mux::StageId::H264Mp3},
+    };
+    for (const SplitterRow &r : kRows)
+        if (r.id == id)
+            return r;
+    return kRows[0];
+}
+
+// Appends to a work file through a large buffer; the frames are many and small.
+class StreamOut
+{
+public:
+    explicit StreamOut(QFile *file) : m_file(file)
+    {
+        if (m_file && m_file->isOpen())
+            m_file->seek(m_file->size());
+        m_buf.reserve(kFlush + 65536);
+    }
+    ~StreamOut() { flush(); }
+    // Flushes and lets go of the file, which its owner is about to close.
+    void detach()
+    {
+        flush();
+        m_file = nullptr;
+    }
+    void write(const void *p, size_t n)
+    {
+        m_buf.append(static_cast<const char *>(p), int(n));
+        if (m_buf.size() >= kFlush)
+            flush();
+    }
+    void copy(BufferedReader &src, quint64 pos, quint64 len)
+    {
+        while (len) {
+            const size_t chunk = size_t(qMin<quint64>(len, 1 << 20));
+            const int at = m_buf.size();
+            m_buf.resize(at + int(chunk));
+            src.readAt(pos, m_buf.data() + at, chunk);
+            pos += chunk;
+            len -= chunk;
+            if (m_buf.size() >= kFlush)
+                flush();
+        }
+    }
+    void flush()
+    {
+        if (m_file && m_file->isOpen() && !m_buf.isEmpty())
+            m_file->write(m_buf);
+        m_buf.clear();
+    }
+    quint64 written = 0;
+
+private:
+    static constexpr int kFlush = 4 << 20;
+    QFile *m_file;
+    QByteArray m_buf;
+};
+
+bool isTagIn(BufferedReader &f, quint64 p, std::initializer_list<const char *> tags)
+{
+    for (const char *t : tags)
+        if (f.tagAt(p, t))
+            return true;
+    return false;
+}
+bool isSkipTag(BufferedReader &f, quint64 p)
+{
+    for (const char *t : kSkipTags)
+        if (f.tagAt(p, t))
+            return true;
+    return false;
+}
+
+} // namespace
+
+void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
+{
+    switch (id) {
+    case Splitter::H264Aac: return SplitH264Aac(args);
+    case Splitter::H264Mp3: return SplitH264Mp3(args);
+    default: break;
+    }
+    // The walk of this member's recordings isn't built yet: what the sample
+    // taught stays in the work folder, and the file waits as not repaired.
+    args.fpVideo.reset();
+    args.fpAudio.reset();
+    StageNotBuilt(SplitterName(id), true);
+}
+
+void ThreadVideoRepair::SplitH264Aac(CarverArgs &args) { SplitH264(Splitter::H264Aac, args, nullptr); }
+void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { SplitH264(Splitter::H264Mp3, args, nullptr); }
+
+void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *headsIn)
+{
+    const SplitterRow &row = rowOf(id);
+    RepairState &s = pApp;
+    workfiles::EnsureWorkFolder();
+
+    QByteArray paramSets;
+    {
+        QFile idx(args.strIndexing);
+        if (!args.strIndexing.isEmpty() && idx.open(QIODevice::ReadOnly)) {
+            s.nIndexingSize = quint64(idx.size());
+            idx.seek(qint64(s.nIndexingPos));
+            paramSets = idx.readAll();
+        }
+    }
+    int nChains = 0, nAudioRuns = -1;
+    if (args.strVideo.isEmpty())
+        args.strVideo = workfiles::Path(workfiles::kVideoH264);
+    if (!args.fpVideo) {
+        args.fpVideo.reset(new QFile(args.strVideo));
+        args.fpVideo->open(QIODevice::ReadWrite);
+    }
+    args.fpSource.reset(new BufferedReader);
+    args.fpSource->open(args.strSource);
+    BufferedReader &f = *args.fpSource;
+    const quint64 size = s.ullFileSize = f.size();
+    const bool withSound = s.bSampleHasAudio;
+    s.bMediaFound = s.bAudioFirst = false;
+
+    StreamOut video(args.fpVideo.get());
+    auto bytesAt = [&](quint64 p, quint8 *tmp, size_t n) -> const quint8 * {
+        const quint8 *b = f.peek(p, n);
+        if (b)
+            return b;
+        f.readAt(p, tmp, n);
+        return tmp;
+    };
+    auto test = [&](const NalSet &set, quint64 p) {
+        quint8 tmp[6];
+        return set.test(bytesAt(p, tmp, 6));
+    };
+    auto padding = [&](quint64 p, int n) {
+        quint8 tmp[carve::kPaddingOuter];
+        const quint8 *b = bytesAt(p, tmp, size_t(n));
+        if (b[0] != 0 && b[0] != 0xFF)
+            return false;
+        for (int i = 1; i < n; ++i)
+            if (b[i] != b[0])
+                return false;
+        return true;
+    };
+    auto writeUnit = [&](quint64 p, quint64 len) {
+        if (p >= size)
+            return;
+        len = qMin<quint64>(len, size - p - qMin<quint64>(size - p, 4)); // never past the file
+        video.write(kStartCode, 4);
+        video.copy(f, p + 4, len);
+    };
+    int lastPercent = -1;
+    auto progress = [&](quint64 p) {
+        const int pc = size ? int(qMin<quint64>(p, size) * 100 / size) : 100;
+        if (pc != lastPercent) {
+            lastPercent = pc;
+            Q_EMIT setProgressvalue(pc);
+        }
+    };
+    auto finishFiles = [&] {
+        video.detach();
+        args.fpVideo.reset();
+        args.fpAudio.reset();
+        args.fpAudioUnique.reset();
+        args.fpSource.reset();
+        s.bSampleHasAudio = false;
+    };
+
+    // The top-level atoms before the media data; the scan starts behind them.
+    auto topWalk = [&](bool videoOnlyBranch) {
+        quint64 p = 0;
+        while (p < size && !s.bStopRepair) {
+            if (isSkipTag(f, p + 4)) {
+                const quint32 sz = f.be32(p);
+                if (sz == 0)
+                    break;
+                p += sz;
+            } else if (f.tagAt(p + 4, "mdat")) {
+                const quint32 sz = f.be32(p);
+                if (videoOnlyBranch)
+                    p += sz == 1 ? 16 : 8;
+                else
+                    p += sz < 2 ? sz + 15 : 8;
+            } else {
+                break;
+            }
+        }
+        return p;
+    };
+
+    if (!withSound) {
+        // The branch for a sample without sound: units alone, confirmed by the next.
+        const NalSet &set = s.bSampleHasDjiTag ? row.videoOnlyDji : row.videoOnly;
+        quint64 pos = topWalk(true);
+        bool found = false;
+        auto seek = [&](quint64 from, quint64 step) {
+            for (quint64 q = from; q < size && !s.bStopRepair;) {
+                if (padding(q, carve::kPaddingOuter)) {
+                    q += step;
+                    continue;
+                }
+                if (test(set, q)) {
+                    const quint32 L = f.be32(q);
+                    if (L && test(set, q + 4 + L)) {
+                        pos = q;
+                        return true;
+                    }
+                }
+                ++q;
+                if ((q & 0xFFFFF) == 0)
+                    progress(q);
+            }
+            return false;
+        };
+        found = seek(pos, carve::kPaddingOuter);
+        while (found && pos < size && !s.bStopRepair) {
+            const quint32 L = f.be32(pos);
+            const quint64 next = pos + 4 + L;
+            writeUnit(pos, L);
+            progress(pos);
+            if (L && test(set, next)) {
+                pos = next;
+                continue;
+            }
+            // The last unit of a run is written; look for the next run, a blank
+            // block moving the walk on by 513 bytes.
+            found = seek(L ? next : pos + 1, carve::kPaddingOuter + 1);
+        }
+        finishFiles();
+        RunMuxStage(row.mux, args, 0);
+        return;
+    }
+
+    // With sound.
+    if (row.audio == AudioKind::AdtsHeads && !adts::BuildAdtsHeader(0)) {
+        finishFiles();
+        pApp.bMoovParsed = false;
+        pApp.bCarveFailed = true;
+        pApp.bKeepLogHandle = true;
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+        return;
+    }
+    if (args.strAudio.isEmpty())
+        args.strAudio = workfiles::Path(workfiles::kAudioAac);
+    if (!args.fpAudio) {
+        args.fpAudio.reset(new QFile(args.strAudio));
+        args.fpAudio->open(QIODevice::ReadWrite);
+    }
+    StreamOut audioOut(args.fpAudio.get());
+    std::unique_ptr<HeadList> ownHeads;
+    HeadList *heads = headsIn;
+    if (!heads) {
+        QFile list(args.strAudioUnique);
+        QByteArray records;
+        if (!args.strAudioUnique.isEmpty() && list.open(QIODevice::ReadOnly))
+            records = list.readAll();
+        ownHeads.reset(new MemoryHeadList(records));
+        heads = ownHeads.get();
+    }
+    s.ullAudioHeadsSize = heads->size();
+    s.nAudioHeadPos = 0;
+    strSpliceName = QFileInfo(args.strSource).fileName();
+    Q_EMIT SetProgressBarRange(100);
+
+    auto audioAt = [&](quint64 p) -> int {
+        quint8 tmp[4];
+        const quint8 *b = bytesAt(p, tmp, 4);
+        if (row.audio == AudioKind::Mp3Frames) {
+            const int len = Mp3FrameLength(b);
+            return len > 0 ? len : 0;
+        }
+        return heads->match(b) ? 1 : 0;
+    };
+    auto frameLength = [&](quint64 n) {
+        // A run longer than an ADTS frame can hold is cut to the sample's mean.
+        if (n > audio::kMaxAdtsPayload) {
+            n = s.nAvgAudioFrame;
+            if (n > audio::kMaxAdtsPayload)
+                n = audio::kFallbackFrame;
+        }
+        return n;
+    };
+    auto writeAdts = [&](quint64 start, quint64 n) {
+        n = frameLength(n);
+        adts::BuildAdtsHeader(quint32(n));
+        quint8 h[audio::kAdtsHeaderBytes];
+        for (int i = 0; i < audio::kAdtsHeaderBytes; ++i)
+            h[i] = quint8(s.nAdtsBytes[i]);
+        audioOut.write(h, sizeof h);
+        audioOut.copy(f, start, n);
+    };
+
+    enum class State { First, Video, Audio, Choice, End };
+    State state = State::First;
+    quint64 pos = topWalk(false);
+    bool paramsFresh = false; // parameter sets written and no unit since: no need to repeat them
+
+    while (state != State::End && !s.bStopRepair) {
+        switch (state) {
+        case State::First: {
+            state = State::End;
+            while (pos < size && !s.bStopRepair) {
+                if (padding(pos, carve::kPaddingOuter)) {
+                    pos += carve::kPaddingOuter;
+                    progress(pos);
+                    continue;
+                }
+                if (isTagIn(f, pos, {"moov", "moof", "traf", "trun"})) {
+                    pos += qMax<quint32>(1, f.be32(pos - 4));
+                    continue;
+                }
+                if (test(row.first, pos)) {
+                    const quint32 L = f.be32(pos);
+                    if (L && test(row.run, pos + 4 + L)) {
+                        s.bMediaFound = true;
+                        state = State::Video;
+                        break;
+                    }
+                    ++pos;
+                    continue;
+                }
+                if (audioAt(pos)) {
+                    s.bAudioFirst = true;
+                    state = State::Audio;
+                    break;
+                }
+                ++pos;
+            }
+            break;
+        }
+        case State::Choice: {
+            // After a lost position: step over a top-level atom met here.
+            if (isSkipTag(f, pos + 4))
+                pos += qMax<quint32>(1, f.be32(pos));
+            else if (f.tagAt(pos + 4, "mdat"))
+                pos += f.be32(pos) == 1 ? 12 : 8;
+            state = State::Video;
+            break;
+        }
+        case State::Video: {
+            if ((nChains != 0 || nAudioRuns + 1 >= 2) && !paramsFresh) {
+                video.write(paramSets.constData(), size_t(paramSets.size()));
+                paramsFresh = true;
+            }
+            state = State::End;
+            while (pos < size && !s.bStopRepair) {
+                if (!test(row.run, pos)) {
+                    ++pos;
+                    state = State::Choice;
+                    break;
+                }
+                const quint32 L = f.be32(pos);
+                if (L == 0) {
+                    ++pos;
+                    continue;
+                }
+                const quint64 next = pos + 4 + L;
+                if (test(row.run, next)) {
+                    writeUnit(pos, L);
+                    paramsFresh = false;
+                    pos = next;
+                    continue;
+                }
+                // Something else lies behind this unit: look for what comes next.
+                quint64 q = next;
+                bool decided = false;
+                while (q < size && !s.bStopRepair && !decided) {
+                    if (audioAt(q)) {
+                        writeUnit(pos, L);
+                        pos = q;
+                        state = State::Audio;
+                        decided = true;
+                        break;
+                    }
+                    if (test(row.run, q)) {
+                        const quint32 L2 = f.be32(q);
+                        if (L2) {
+                            if (test(row.run, q + 4 + L2)) {
+                                ++nChains;
+                                writeUnit(pos, L);
+                                pos = q;
+                                state = State::Video;
+                                decided = true;
+                                break;
+                            }
+                            if (audioAt(q + 4 + L2)) {
+                                // A single unit between gaps, confirmed by the audio behind it.
+                                writeUnit(pos, L);
+                                writeUnit(q, L2);
+                                pos = q + 4 + L2;
+                                state = State::Audio;
+                                decided = true;
+                                break;
+                            }
+                        }
+                    }
+                    if (padding(q, carve::kPaddingInner)) {
+                        q += carve::kPaddingInner;
+                        continue;
+                    }
+                    if (f.tagAt(q, "moov")) {
+                        q += qMax<quint32>(1, f.be32(q - 4));
+                        continue;
+                    }
+                    ++q;
+                }
+                if (!decided) {
+                    writeUnit(pos, L);
+                    pos = q;
+                    state = State::End;
+                }
+                paramsFresh = false;
+                progress(pos);
+                break;
+            }
+            break;
+        }
+        case State::Audio: {
+            state = State::End;
+            if (row.audio == AudioKind::Mp3Frames) {
+                // MPEG audio frames say their own length: copy them whole.
+                while (pos < size && !s.bStopRepair) {
+                    quint8 tmp[4];
+                    const int len = Mp3FrameLength(bytesAt(pos, tmp, 4));
+                    if (len > 0) {
+                        audioOut.copy(f, pos, quint64(qMin<quint64>(quint64(len), size - pos)));
+                        pos += quint64(len);
+                        continue;
+                    }
+                    if (test(row.gap, pos)) {
+                        const quint32 L = f.be32(pos);
+                        if (L && test(row.run, pos + 4 + L)) {
+                            ++nAudioRuns;
+                            state = State::Video;
+                            break;
+                        }
+                    }
+                    if (padding(pos, carve::kPaddingInner)) {
+                        pos += carve::kPaddingInner;
+                        continue;
+                    }
+                    ++pos;
+                }
+                progress(pos);
+                break;
+            }
+            quint64 start = pos;
+            quint64 p = pos + 1;
+            bool toVideo = false;
+            while (p < size && !s.bStopRepair) {
+                if (audioAt(p)) {
+                    quint64 n = p - start;
+                    writeAdts(start, n >= audio::kMaxAdtsPayload + 1 ? s.nAvgAudioFrame : n);
+                    start = p;
+                    ++p;
+                    progress(p);
+                    continue;
+                }
+                if (test(row.gap, p)) {
+                    const quint32 L = f.be32(p);
+                    if (L) {
+                        if (test(row.run, p + 4 + L)) {
+                            writeAdts(start, p - start);
+                            heads->reset();
+                            ++nAudioRuns;
+                            toVideo = true;
+                            break;
+                        }
+                        if (audioAt(p + 4 + L)) {
+                            writeAdts(start, p - start);
+                            toVideo = true;
+                            break;
+                        }
+                    }
+                }
+                if (isSkipTag(f, p + 4)) {
+                    p += qMax<quint32>(1, f.be32(p));
+                    continue;
+                }
+                if (f.tagAt(p + 4, "moof")) {
+                    writeAdts(start, p - start);
+                    p += quint64(f.be32(p)) + 4;
+                    toVideo = true;
+                    break;
+                }
+                if (padding(p, carve::kPaddingInner)) {
+                    p += carve::kPaddingInner;
+                    continue;
+                }
+                ++p;
+            }
+            if (toVideo) {
+                pos = p;
+                state = State::Video;
+            } else {
+                // The file ends inside an audio run: its last frame still counts.
+                if (start < size)
+                    writeAdts(start, qMin(p, size) - start);
+                pos = p;
+            }
+            break;
+        }
+        case State::End:
+            break;
+        }
+    }
+
+    if (row.audio == AudioKind::AdtsHeads && QFileInfo(args.strAudioHeads).size() == 0) {
+        const quint8 fill[audio::kAdtsHeaderBytes] = {0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};
+        audioOut.write(fill, sizeof fill);
+    }
+    audioOut.detach();
+    finishFiles();
+    RunMuxStage(row.mux, args, 1);
+}
+
+namespace carve {
+const char *SplitterName(Splitter id)
+{
+    static const char *const kNames[] = {
+        "SplitH264Aac", "SplitHevcAac", "SplitMpeg4Aac", "SplitAv1Aac", "SplitAc3", "SplitH264Lpcm",
+        "SplitHevcLpcm", "BuildImaWav", "BuildOpusWav", "SplitH264Mp3", "BuildAlawWav", "BuildUlawWav",
+        "BuildHevcAlawWav", "BuildHevcUlawWav", "SplitH264Sowt", "SplitH264Twos", "SplitHevcTwos",
+    };
+    static_assert(sizeof kNames / sizeof kNames[0] == size_t(Splitter::Count), "a name per splitter");
+    return kNames[int(id)];
+}
+} // namespace carve

@@ -1,0 +1,69 @@
+#pragma once
+// Byte patterns of the video carve: start codes, the access unit delimiter,
+// the skip tags of the media walk, and the sets of NAL header bytes by which
+// each chain tells a frame. The sets differ from chain to chain on purpose.
+
+#include <QtGlobal>
+#include <initializer_list>
+
+namespace carve {
+
+constexpr quint8 kStartCode[4] = {0, 0, 0, 1};
+constexpr quint8 kAudPrefix[4] = {0, 0, 0, 2}; // a NAL of length 2 ...
+constexpr quint8 kAudHeader = 0x09;           // ... that is an access unit delimiter
+
+constexpr int kPaddingOuter = 512; // blank blocks skipped at once
+constexpr int kPaddingInner = 128;
+
+// Top-level atoms the media walk steps over by their size.
+constexpr const char *kSkipTags[] = {"free", "wide", "pict", "meta", "meco", "uuid", "pdin", "moov", "ftyp", "skip"};
+// Fragment atoms the first-unit search steps over (size read 4 bytes back).
+constexpr const char *kFragmentTags[] = {"moov", "moof", "traf", "trun"};
+
+// A set of fifth bytes (NAL headers behind a 4-byte length) with the
+// conditions some members put on the byte behind.
+struct NalSet
+{
+    quint8 member[256] = {};
+    qint16 notFollowedBy[256];   // header byte h counts only if b5 != notFollowedBy[h] (-1: any)
+    qint16 onlyFollowedBy[256];  // header byte h counts only if b5 == onlyFollowedBy[h] (-1: any)
+    bool delimiter = true;       // 00 00 00 02 09 counts as well
+
+    NalSet(std::initializer_list<int> bytes)
+    {
+        for (int i = 0; i < 256; ++i)
+            notFollowedBy[i] = onlyFollowedBy[i] = -1;
+        for (int b : bytes)
+            member[b] = 1;
+    }
+    NalSet &butNotBefore(int header, int next) { notFollowedBy[header] = qint16(next); return *this; }
+    NalSet &onlyBefore(int header, int next)
+    {
+        member[header] = 1;
+        onlyFollowedBy[header] = qint16(next);
+        return *this;
+    }
+
+    // b: at least 6 bytes (b0..b3 the length, b4 the header, b5 behind it).
+    bool test(const quint8 *b) const
+    {
+        if (delimiter && b[0] == 0 && b[1] == 0 && b[2] == 0 && b[3] == 2 && b[4] == kAudHeader)
+            return true;
+        if (b[0] != 0 || !member[b[4]])
+            return false;
+        if (notFollowedBy[b[4]] >= 0 && b[5] == notFollowedBy[b[4]])
+            return false;
+        if (onlyFollowedBy[b[4]] >= 0 && b[5] != onlyFollowedBy[b[4]])
+            return false;
+        return true;
+    }
+};
+
+// What the sample harvest takes for the start of a NAL unit (67 is not in it).
+inline const NalSet &HarvestNalSet()
+{
+    static const NalSet s{0x01, 0x06, 0x0E, 0x21, 0x25, 0x27, 0x28, 0x41, 0x4E, 0x61, 0x65, 0x68, 0x6E};
+    return s;
+}
+
+} // namespace carve

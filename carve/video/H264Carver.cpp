@@ -1,0 +1,334 @@
+// The H.264 carver family: the first-run check of a damaged file, and the
+// harvest of a sample (parameter sets and the first bytes of its NAL units).
+// Ten members share this code; their differences are the rows below.
+
+#include "carve/video/CarveConstants.h"
+#include "carve/video/CarveFamily.h"
+#include "carve/video/WorkFiles.h"
+#include "repair/ThreadVideoRepair.h"
+
+#include <QFileInfo>
+#include <QtDebug>
+
+using namespace carve;
+
+namespace {
+
+//   name                     code full  index mdat  thum  dji   one   finaliser              learner
+const CarverRow kH264Carvers[] = {
+    {"CarveH264WithAac", 0, true, true, true, false, true, true, Finaliser::H264Aac, Learner::Aac},
+    {"CarveH264WithSowtPcm", 1, false, false, true, true, false, false, Finaliser::H264Sowt, Learner::Sowt},
+    {"CarveH264WithMp3", 4, false, false, true, false, false, false, Finaliser::H264Mp3, Learner::Mp3},
+    {"CarveH264WithTwosPcm", 5, false, false, false, false, false, false, Finaliser::H264Twos, Learner::Twos},
+    {"CarveH264WithAc3", 8, true, false, true, false, false, false, Finaliser::Aac192, Learner::Ac3},
+    {"CarveH264WithImaAdpcm", 9, true, true, true, false, false, false, Finaliser::Aac192, Learner::Ima},
+    {"CarveH264WithOpus", 10, true, false, true, false, false, false, Finaliser::Aac192Opus, Learner::Opus},
+    {"CarveH264WithAlaw", 11, false, false, true, false, false, false, Finaliser::Aac192, Learner::Alaw},
+    {"CarveH264WithLpcm", 12, true, true, false, false, false, false, Finaliser::H264Lpcm, Learner::Lpcm},
+    {"CarveH264WithUlaw", 13, false, false, true, false, false, false, Finaliser::Aac192Opus, Learner::Ulaw},
+};
+
+const CarverRow &carver(quint32 code)
+{
+    for (const CarverRow &r : kH264Carvers)
+        if (r.code == code)
+            return r;
+    return kH264Carvers[0];
+}
+
+bool isLeadTag(BufferedReader &f, quint64 p)
+{
+    for (const char *t : {"ftyp", "free", "meta", "wide", "uuid"})
+        if (f.tagAt(p, t))
+            return true;
+    return false;
+}
+
+QFile *openWork(std::unique_ptr<QFile> &slot, const QString &path)
+{
+    slot.reset(new QFile(path));
+    slot->open(QIODevice::ReadWrite | QIODevice::Truncate);
+    return slot.get();
+}
+} // namespace
+
+// The top-level walk shared by both modes. Returns true on "moov" (ullScanPos
+// at its tag), false when the walk fails: unknown tag, zero size, or a stop.
+bool ThreadVideoRepair::H264TopLevelWalk(const CarverRow &row, BufferedReader &f, bool &mdatSeen)
+{
+    RepairState &s = pApp;
+    while (!s.bStopRepair) {
+        const quint64 p = s.ullScanPos;
+        quint64 size = 0;
+        if (isLeadTag(f, p)) {
+            s.nLeadAtomSize = f.be32(p - 4);
+            size = s.nLeadAtomSize;
+        } else if (f.tagAt(p, "frea")) {
+            size = s.nFreaAtomSize = f.be32(p - 4);
+        } else if (f.tagAt(p, "skip")) {
+            size = s.nSkipAtomSize = f.be32(p - 4);
+        } else if (f.tagAt(p, "beam")) {
+            size = s.nBeamAtomSize = f.be32(p - 4);
+        } else if (row.thum && f.tagAt(p, "thum")) {
+            size = f.be32(p - 4);
+        } else if (f.tagAt(p, "mdat")) {
+            s.ullMdatSize = f.be32(p - 4);
+            if (s.ullMdatSize == 1)
+                s.ullMdatSize = f.be64(p + 4);
+            size = s.ullMdatSize;
+            mdatSeen = true;
+        } else if (f.tagAt(p, "moov")) {
+            return true;
+        } else {
+            return false;
+        }
+        if (size == 0 || p + size < p)
+            return false;
+        s.ullScanPos = p + size;
+    }
+    return false;
+}
+
+void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args)
+{
+    const CarverRow &row = carver(code);
+    RepairState &s = pApp;
+    s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
+    strFileName = QFileInfo(args.strSource).fileName();
+    strCarvedName = strFileName;
+    if (row.djiTag)
+        s.bSampleHasDjiTag = false;
+    if (s.bSampleRun)
+        HarvestH264Sample(row, args);
+    else
+        H264FirstRunCheck(row, args);
+}
+
+void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args)
+{
+    RepairState &s = pApp;
+    s.bInSoundTrak = false;
+    const QString workDir = workfiles::EnsureWorkFolder();
+    strOutputPath = workDir + "/" + strFileName;
+    s.lstMuxedFiles << strOutputPath;
+    args.fpSample.reset(new BufferedReader);
+    args.fpSample->open(args.strSource);
+    BufferedReader &f = *args.fpSample;
+    s.ullFileSize = ullFileLeft = f.size();
+    s.ullScanPos = 4;
+
+    auto fail = [&] {
+        args.fpSample.reset();
+        s.bMoovParsed = false;
+        s.bCarveFailed = true;
+        s.bKeepLogHandle = true;
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+    };
+    auto remux = [&] {
+        args.fpSample.reset();
+        RunFinaliser(row.finaliser, args);
+    };
+
+    bool mdatSeen = false;
+    // The walk comes back here after a chunk table that can't decide, and then
+    // fails on what it finds inside the moov.
+    while (!s.bStopRepair && H264TopLevelWalk(row, f, mdatSeen)) {
+        s.ullMoovPos = s.ullScanPos;
+        s.nMoovSize = f.be32(s.ullScanPos - 4);
+        quint64 &P = s.ullScanPos;
+        bool tableMet = false;
+        for (; P < s.ullFileSize && !s.bStopRepair; ++P, --ullFileLeft) {
+            // A file cut short is not searched further.
+            if (row.mdatSeenRule && mdatSeen && quint64(s.nMoovSize) + s.ullMdatSize > s.ullFileSize)
+                break;
+            if (f.tagAt(P, "trak")) {
+                s.nTrakLeft = f.be32(P - 4);
+                s.ullTrakPos = P;
+                for (quint64 q = P; q < s.ullFileSize; ++q) {
+                    if (f.tagAt(q, "vmhd")) {
+                        s.bInVideoTrak = true;
+                        break;
+                    }
+                }
+                continue;
+            }
+            if (!s.bInVideoTrak)
+                continue;
+            const bool co64 = f.tagAt(P, "co64");
+            if (!co64 && !f.tagAt(P, "stco"))
+                continue;
+            // The chunk table: does its first chunk begin like a length prefix?
+            s.nChunkCount = f.be32(P + 8);
+            const quint64 first = co64 ? f.be64(P + 12) : f.be32(P + 12);
+            if (s.nChunkCount < 2 && !(row.countOneAlone && s.nChunkCount == 1)) {
+                tableMet = true;
+                break;
+            }
+            s.bSampleHasAudio = false;
+            if (f.u8(first) != 0)
+                return fail();
+            if (s.nChunkCount >= 2) {
+                // The second entry is read 4 bytes on, also in a co64: kept as it always was.
+                (void)(co64 ? f.be64(P + 16) : f.be32(P + 16));
+            }
+            s.bSampleHasAudio = true;
+            return remux();
+        }
+        if (!tableMet)
+            break;
+        // A table under two entries: the walk goes on from here, and fails.
+    }
+    fail();
+}
+
+void ThreadVideoRepair::HarvestH264Sample(const CarverRow &row, CarverArgs &args)
+{
+    RepairState &s = pApp;
+    const QString workDir = workfiles::EnsureWorkFolder();
+    strOutputPath = workDir + "/" + strFileName;
+    s.lstMuxedFiles << strOutputPath;
+    args.fpSample.reset(new BufferedReader);
+    const bool opened = args.fpSample->open(args.strSample);
+    BufferedReader &f = *args.fpSample;
+    s.ullFileSize = ullFileLeft = f.size();
+    args.strVideo = workfiles::Path(workfiles::kVideoH264);
+    args.strVideoHeads = workfiles::Path(workfiles::kVideoHeads);
+    args.strIndexing = workfiles::Path(workfiles::kIndexing);
+    QFile *video = openWork(args.fpVideo, args.strVideo);
+    QFile *heads = openWork(args.fpVideoHeads, args.strVideoHeads);
+    std::unique_ptr<QFile> indexingSlot;
+    QFile *indexing = row.indexing ? openWork(indexingSlot, args.strIndexing) : nullptr;
+
+    const NalSet &nalLike = HarvestNalSet();
+    auto record = [&](quint64 at) {
+        quint8 b[3];
+        f.readAt(at, b, 3);
+        heads->write(reinterpret_cast<const char *>(b), 3);
+    };
+    auto isNalLike = [&](quint64 at) {
+        quint8 b[6];
+        f.readAt(at, b, 6);
+        return nalLike.test(b);
+    };
+
+    bool mdatSeen = false;
+    s.ullScanPos = 4;
+    while (opened && !s.bStopRepair && H264TopLevelWalk(row, f, mdatSeen)) {
+        s.ullMoovPos = s.ullScanPos;
+        s.nMoovSize = f.be32(s.ullScanPos - 4);
+        quint64 &P = s.ullScanPos;
+        bool tableDone = false;
+        for (; P < s.ullFileSize && !s.bStopRepair && !tableDone; ++P, --ullFileLeft) {
+            if (f.tagAt(P, "mvhd")) {
+                s.nSampleTimeScale = f.be32(P + 16);
+                s.nSampleDuration = f.be32(P + 20);
+            } else if (f.tagAt(P, "trak")) {
+                s.nTrakLeft = f.be32(P - 4);
+                s.ullTrakPos = P;
+                // Bounded by the end of the file (a last trak without vmhd would
+                // otherwise keep the run searching until the user stops it).
+                for (quint64 q = P; q < s.ullFileSize && !s.bStopRepair; ++q) {
+                    if (row.djiTag && f.tagAt(q, "DJI."))
+                        s.bSampleHasDjiTag = true;
+                    if (f.tagAt(q, "vmhd")) {
+                        s.bInVideoTrak = true;
+                        P = s.ullTrakPos + 4; // read the track again, now knowing its kind
+                        break;
+                    }
+                }
+            } else if (s.bInVideoTrak && f.tagAt(P, "stsz")) {
+                s.nSampleFrames = f.be32(P + 12);
+            } else if (s.bInVideoTrak && f.tagAt(P, "stsd")) {
+                // The decoder configuration: first SPS and first PPS of avcC.
+                quint64 q = P;
+                while (q < s.ullFileSize && !f.tagAt(q, "avcC"))
+                    ++q;
+                if (q < s.ullFileSize) {
+                    const quint16 spsLen = f.be16(q + 10);
+                    QByteArray sps(spsLen, '\0');
+                    f.readAt(q + 12, sps.data(), spsLen);
+                    const quint16 ppsLen = f.be16(q + 12 + spsLen + 1);
+                    QByteArray pps(ppsLen, '\0');
+                    f.readAt(q + 12 + spsLen + 3, pps.data(), ppsLen);
+                    const QByteArray start(reinterpret_cast<const char *>(kStartCode), 4);
+                    const QByteArray head = start + sps + start + pps;
+                    video->seek(0);
+                    video->write(head);
+                    if (indexing)
+                        indexing->write(head);
+                }
+            } else if (s.bInVideoTrak && (f.tagAt(P, "stco") || f.tagAt(P, "co64"))) {
+                const bool co64 = f.tagAt(P, "co64");
+                s.nChunkCount = f.be32(P + 8);
+                const quint64 table = P + 12;
+                const int entryBytes = co64 ? 8 : 4;
+                quint32 count = s.nChunkCount;
+                if (row.fullHarvest && !(count == 1 && !co64)) { // a one-entry stco yields nothing: kept
+                    // The table is the sample's own: bound it by the sample's size.
+                    count = quint32(qMin<quint64>(count, (s.ullFileSize - qMin(table, s.ullFileSize)) / entryBytes));
+                    quint32 read = 0;
+                    for (quint32 i = 0; i < count; ++i) {
+                        const quint64 off = co64 ? f.be64(table + quint64(i) * 8) : f.be32(table + quint64(i) * 4);
+                        if (off == 0)
+                            continue;
+                        if (isNalLike(off))
+                            record(off + 4);
+                        if (read++ < 1) {
+                            // Walk the NAL chain of the first chunk.
+                            quint64 c = off;
+                            bool zeroEnd = false;
+                            for (int guard = 0; guard < 1 << 20; ++guard) {
+                                const quint32 L = f.be32(c);
+                                const quint64 n = c + 4 + L;
+                                s.ullNextNalPos = n;
+                                if (L == 0) {
+                                    zeroEnd = true;
+                                    break;
+                                }
+                                record(c + 4);
+                                if (!isNalLike(n))
+                                    break; // the last unit of the run has counted too
+                                c = n;
+                            }
+                            // The walk sets the index back to the second entry; one that
+                            // ended on a zero length leaves the last entry out.
+                            if (count >= 2) {
+                                i = 0;
+                                if (zeroEnd)
+                                    --count;
+                            }
+                        }
+                    }
+                }
+                s.bInVideoTrak = false;
+                P += 1;
+                tableDone = true;
+            }
+        }
+        if (!tableDone)
+            break;
+        // The walk takes up behind the table and finds no tag there: the end.
+    }
+    args.fpSample.reset();
+    args.fpVideoHeads.reset();
+    indexingSlot.reset();
+    video->flush();
+    // The video file stays open: the splitter appends the frames.
+    if (row.fullHarvest)
+        WriteUniqueSequences(true, args);
+    LearnAudio(row.learner, args);
+}
+
+#define VM_H264_ENTRY(name, code) \
+    void ThreadVideoRepair::name(CarverArgs &args) { CarveH264(code, args); }
+VM_H264_ENTRY(CarveH264WithAac, 0)
+VM_H264_ENTRY(CarveH264WithSowtPcm, 1)
+VM_H264_ENTRY(CarveH264WithMp3, 4)
+VM_H264_ENTRY(CarveH264WithTwosPcm, 5)
+VM_H264_ENTRY(CarveH264WithAc3, 8)
+VM_H264_ENTRY(CarveH264WithImaAdpcm, 9)
+VM_H264_ENTRY(CarveH264WithOpus, 10)
+VM_H264_ENTRY(CarveH264WithAlaw, 11)
+VM_H264_ENTRY(CarveH264WithLpcm, 12)
+VM_H264_ENTRY(CarveH264WithUlaw, 13)
+#undef VM_H264_ENTRY

@@ -1,0 +1,85 @@
+#pragma once
+// What holds for the whole process of the window: build switches, the
+// settings store, the screen scale, the player, the single-instance lock.
+
+#include <QSharedMemory>
+#include <QString>
+#include <memory>
+
+class QProcess;
+class QSettings;
+
+enum class Brand { First, Second, Third };
+enum class MarketVariant { None, Japan, Korea, China };
+
+// Chosen when the program is built; nothing changes them at run time.
+constexpr Brand kBrand = Brand::First;
+constexpr MarketVariant kMarketVariant = MarketVariant::None;
+
+// Values kept from start-up for the rest of the process.
+struct ShellValues
+{
+    float fDpiScale = 1.0f;
+    QString strPlayerPath;
+    int nPlayerMode = 3;
+    QString strAppDir;    // where VideoTranslation/ and help/ lie
+    QString strFfmpegDir;
+    int nLanguage = 0;
+    int nOptionShowAsDisabled = 0;
+};
+extern ShellValues shellApp;
+
+namespace startup {
+
+constexpr char kOrganisation[] = "Halvern Works";
+constexpr char kApplication[] = "Halvern Videomend";
+constexpr char kProductName[] = "Halvern Videomend ";
+constexpr char kInstanceKey[] = "62d60669-bb94-4a94-88bb-b964890a7e10";
+constexpr char kResizeKey[] = "ResizeAppforDPI";
+constexpr char kLanguageKey[] = "LanguageType";
+
+// The native store in the user's scope (~/.config/Halvern Works/...).
+std::unique_ptr<QSettings> OpenSettings();
+// Writes 1 when the key is absent, then returns it.
+bool ReadResizeAppforDpi();
+int ReadLanguage();
+void WriteLanguage(int n);
+// The scale the dialogs use: 1.0 when ResizeAppforDPI is off.
+float DialogScale();
+
+// QT_SCALE_FACTOR 1, QT_AUTO_SCREEN_SCALE_FACTOR 0, QT_FONT_DPI 102.
+void SetFixedQtEnvironment();
+
+// The next lower step of 0.25 above 1; 1.0 for 0, 0.0 outside (1, 5].
+float NextLowerScale(float f);
+// Steps the scale down until the 850 x 600 design fits the work area.
+float FitScale(float dpiScale, int workWidth, int workHeight);
+// DPI and work area of the primary screen, read through a short-lived
+// QGuiApplication: QT_FONT_DPI only counts if it is set before the real
+// application object exists, so the screen has to be asked first.
+float MeasureDpiScale(int &argc, char **argv);
+
+// <application folder>/mplayer, else mplayer from PATH.
+void FindPlayer(const QString &appDir);
+// The one player process of the program, owned by the application object.
+QProcess *PlayerProcess();
+
+// One instance per user and settings store. A segment left by a killed
+// process (Linux keeps it) is cleared before the claim.
+class SingleInstance
+{
+public:
+    explicit SingleInstance(const QString &key = UserKey());
+    bool Claim();
+    static QString UserKey();
+    // Removes a segment that no live process holds; harmless otherwise.
+    static void ClearStale(const QString &key);
+
+private:
+    QSharedMemory m_memory;
+};
+
+// main: the steps of start-up in order, then the event loop.
+int Run(int argc, char **argv);
+
+} // namespace startup
