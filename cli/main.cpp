@@ -3,6 +3,7 @@
 
 #include "cli/CliRun.h"
 #include "mux/FfmpegRunner.h"
+#include "mux/MuxStages.h"
 #include "repair/ThreadVideoRepair.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,7 @@
 namespace {
 
 const char kUsage[] =
-    "usage: videomend-cli repair [--sample FILE] [--out DIR] [--work DIR] [--json] [--quiet|--verbose] FILE...\n"
+    "usage: videomend-cli repair [--sample FILE] [--out DIR] [--work DIR] [--json] [--quiet|--verbose] [--keep-work-files] FILE...\n"
     "       videomend-cli inspect [--damaged] FILE\n";
 
 int usage(const char *msg)
@@ -115,6 +116,8 @@ int repair(const QStringList &args)
         } else if (a == "--work") {
             if (!value(opt.workDir))
                 return usage("--work needs a folder");
+        } else if (a == "--keep-work-files") {
+            mux::SetKeepWorkFiles(true);
         } else if (a == "--json") {
             opt.json = true;
         } else if (a == "--quiet") {

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QtDebug>
+#include <atomic>
 
 namespace mux {
 
@@ -89,6 +90,12 @@ qint64 sizeOf(const QString &path) { return QFileInfo(path).size(); }
 } // namespace
 
 const Stage &StageOf(StageId id) { return kStages[int(id)]; }
+
+namespace {
+std::atomic<bool> g_keepWorkFiles{false};
+}
+void SetKeepWorkFiles(bool keep) { g_keepWorkFiles = keep; }
+bool KeepWorkFiles() { return g_keepWorkFiles; }
 
 const Stage *StageByName(const QString &name)
 {
@@ -230,8 +237,9 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         args.strVideoHeads.clear();
         args.strIndexing.clear();
     }
-    for (const char *name : stage.removes)
-        QFile::remove(workfiles::Path(name));
+    if (!KeepWorkFiles())
+        for (const char *name : stage.removes)
+            QFile::remove(workfiles::Path(name));
     s.bInMuxStage = false;
 }
 

@@ -58,6 +58,11 @@ struct Stage
 };
 
 const Stage &StageOf(StageId id);
+
+// Leaves the stream files of a chain in the work folder after the mux, for
+// looking into a repair that went wrong (and for tests).
+void SetKeepWorkFiles(bool keep);
+bool KeepWorkFiles();
 const Stage *StageByName(const QString &name);
 
 } // namespace mux

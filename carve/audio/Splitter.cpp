@@ -14,6 +14,7 @@
 
 #include <QFileInfo>
 #include <QtDebug>
+#include <atomic>
 #include <cstring>
 
 using namespace carve;
@@ -123,7 +124,12 @@ bool isSkipTag(BufferedReader &f, quint64 p)
     return false;
 }
 
+std::atomic<bool> g_headsOnDisk{false};
 } // namespace
+
+namespace carve {
+void SetHeadListOnDisk(bool onDisk) { g_headsOnDisk = onDisk; }
+} // namespace carve
 
 void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
 {
@@ -300,6 +306,10 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     StreamOut audioOut(args.fpAudio.get());
     std::unique_ptr<HeadList> ownHeads;
     HeadList *heads = headsIn;
+    if (!heads && g_headsOnDisk) {
+        ownHeads.reset(new DiskHeadList(args.strAudioUnique));
+        heads = ownHeads.get();
+    }
     if (!heads) {
         QFile list(args.strAudioUnique);
         QByteArray records;
@@ -406,18 +416,26 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     continue;
                 }
                 const quint64 next = pos + 4 + L;
-                if (test(row.run, next)) {
+                if (next <= size && test(row.run, next)) {
                     writeUnit(pos, L);
                     paramsFresh = false;
                     pos = next;
                     continue;
                 }
-                // Something else lies behind this unit: look for what comes next.
-                quint64 q = next;
+                // A length that runs past the end of the file is no unit: what
+                // looked like one (a mono AAC frame opens with 00 too) is looked
+                // at again from its first byte. Otherwise something else lies
+                // behind this unit: look for what comes next.
+                const bool isUnit = next <= size;
+                auto writeUnitIfAny = [&] {
+                    if (isUnit)
+                        writeUnit(pos, L);
+                };
+                quint64 q = isUnit ? next : pos;
                 bool decided = false;
                 while (q < size && !s.bStopRepair && !decided) {
                     if (audioAt(q)) {
-                        writeUnit(pos, L);
+                        writeUnitIfAny();
                         pos = q;
                         state = State::Audio;
                         decided = true;
@@ -428,7 +446,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         if (L2) {
                             if (test(row.run, q + 4 + L2)) {
                                 ++nChains;
-                                writeUnit(pos, L);
+                                writeUnitIfAny();
                                 pos = q;
                                 state = State::Video;
                                 decided = true;
@@ -436,7 +454,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                             }
                             if (audioAt(q + 4 + L2)) {
                                 // A single unit between gaps, confirmed by the audio behind it.
-                                writeUnit(pos, L);
+                                writeUnitIfAny();
                                 writeUnit(q, L2);
                                 pos = q + 4 + L2;
                                 state = State::Audio;
@@ -456,7 +474,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     ++q;
                 }
                 if (!decided) {
-                    writeUnit(pos, L);
+                    writeUnitIfAny();
                     pos = q;
                     state = State::End;
                 }
@@ -479,9 +497,14 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         continue;
                     }
                     if (test(row.gap, pos)) {
+                        // A unit confirmed by the next unit, or by a frame of sound behind it.
                         const quint32 L = f.be32(pos);
                         if (L && test(row.run, pos + 4 + L)) {
                             ++nAudioRuns;
+                            state = State::Video;
+                            break;
+                        }
+                        if (L && pos + 4 + L < size && audioAt(pos + 4 + L)) {
                             state = State::Video;
                             break;
                         }

@@ -62,6 +62,9 @@ struct CarverRow
 };
 
 const LearnerRow &LearnerOf(Learner id);
+// The splitters walk the audio head list from the file, record by record, in
+// place of the lookup table: slow, and only there to prove both agree.
+void SetHeadListOnDisk(bool onDisk);
 const char *SplitterName(Splitter id);
 
 } // namespace carve

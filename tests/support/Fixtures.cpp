@@ -32,6 +32,14 @@ const QStringList kX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "30
 const QStringList kX265 = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error",
                            "-g", "25", "-tag:v", "hvc1"};
 const QStringList kAac = {"-c:a", "aac", "-b:a", "64k"};
+const QStringList kCamVideo = {"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=30:duration=4"};
+const QStringList kCamSampleVideo = {"-f", "lavfi", "-i", "smptebars=size=320x240:rate=30:duration=3"};
+const QStringList kCamNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=48000"};
+const QStringList kCamNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=44100"};
+const QStringList kCamSampleNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"};
+const QStringList kCamSampleNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=44100:seed=7"};
+const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
+const QStringList kCamAac = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
 
 QStringList audio(const QString &codec) { return {"-c:a", codec}; }
 
@@ -73,6 +81,25 @@ const QVector<Row> &table()
                              + QStringList{"-c:v", "mpeg2video", "-q:v", "8", "-g", "12", "-c:a", "mp2",
                                            "-b:a", "64k", "-f", "vob"}},
         {"h264_aac.3gp", kVideo + kSound + kX264 + kAac},
+        // Recordings for the carve, 30 frames a second, each with a sample "from the
+        // same camera": same settings, other pictures, other sound, other length.
+        {"carve_aac48.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac},
+        {"carve_aac48_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac},
+        {"carve_aac44.mov", kCamVideo + kCamNoise44 + kCamX264 + kCamAac},
+        {"carve_aac44_sample.mov", kCamSampleVideo + kCamSampleNoise44 + kCamX264 + kCamAac},
+        {"carve_mono.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-ac", "1"}},
+        {"carve_mono_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-ac", "1"}},
+        {"carve_mp3.mp4", kCamVideo + kCamNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
+        {"carve_mp3_sample.mp4", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
+        {"carve_silent.mov", kCamVideo + kCamX264},
+        {"carve_silent_sample.mov", kCamSampleVideo + kCamX264},
+        {"carve_nob.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-bf", "0"}},
+        {"carve_nob_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-bf", "0"}},
+        {"carve_aud.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}},
+        {"carve_aud_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}},
+        {"carve_slices.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
+        {"carve_slices_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
+        {"carve_hevc_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
         // Elementary streams, as the carvers leave them in the work folder.
         {"es.h264", kVideo + kX264},
         {"es.hevc", kVideo + kX265},
@@ -351,6 +378,56 @@ QString mdatSize64(const QString &src)
                        data.insert(int(mdat.offset + 8), large);
                        return true;
                    });
+}
+
+QString cutAt(const QString &src, int percent)
+{
+    const QString dest = QStringLiteral("%1.cut%2.%3").arg(QFileInfo(src).path() + "/" + QFileInfo(src).completeBaseName())
+                             .arg(percent).arg(QFileInfo(src).suffix());
+    if (QFileInfo(dest).size() > 0 && QFileInfo(dest).lastModified() >= QFileInfo(src).lastModified())
+        return dest;
+    QByteArray data = readAll(src);
+    if (data.isEmpty())
+        return {};
+    data.truncate(int(qint64(data.size()) * percent / 100));
+    QSaveFile f(dest);
+    if (!f.open(QIODevice::WriteOnly) || f.write(data) != data.size() || !f.commit())
+        return {};
+    return dest;
+}
+
+QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset)
+{
+    const QList<Atom> atoms = topLevelAtoms(src);
+    quint64 mdatStart = 0, mdatSize = 0;
+    for (const Atom &a : atoms)
+        if (a.type == "mdat") {
+            mdatStart = a.offset;
+            mdatSize = a.size;
+        }
+    if (mdatSize < (256 << 10))
+        return {};
+    const quint64 at = mdatStart + mdatSize / 2;
+    if (damageOffset)
+        *damageOffset = at;
+    const QString dest = QStringLiteral("%1.%2.%3").arg(QFileInfo(src).path() + "/" + QFileInfo(src).completeBaseName())
+                             .arg(random ? "random" : "zeros").arg(QFileInfo(src).suffix());
+    if (QFileInfo(dest).size() > 0 && QFileInfo(dest).lastModified() >= QFileInfo(src).lastModified())
+        return dest;
+    QByteArray data = readAll(src);
+    QByteArray block(64 << 10, '\0');
+    if (random) {
+        quint32 x = 2463534242u; // fixed, so reruns damage alike
+        for (int i = 0; i < block.size(); ++i) {
+            x ^= x << 13; x ^= x >> 17; x ^= x << 5;
+            block[i] = char(x & 0xFF);
+        }
+    }
+    data.replace(int(at), block.size(), block);
+    QSaveFile f(dest);
+    if (!f.open(QIODevice::WriteOnly) || f.write(data) != data.size() || !f.commit())
+        return {};
+    return dest;
 }
 
 QString emptyFile(const QString &name)

@@ -44,7 +44,12 @@ QString ftypZeroed(const QString &src);    // the whole ftyp atom, header includ
 QString mdatSizeZero(const QString &src);  // mdat's 32-bit size field set to 0
 QString mdatSize64(const QString &src);    // mdat header rewritten as size 1 + 64-bit largesize
                                            // (8 bytes inserted; chunk offsets are NOT adjusted)
-QString emptyFile(const QString &name);    // a 0-byte file in dir()
+QString emptyFile(const QString &name);
+// The first `percent` of the file: a recording that stopped before its index.
+QString cutAt(const QString &src, int percent);
+// 64 KiB of zeros or of random bytes in the middle of the media data; the
+// damaged range starts at *damageOffset.
+QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset = nullptr);    // a 0-byte file in dir()
 
 // A surveillance-style export: "IMKH" plus 60 bytes of vendor header, then an
 // MPEG program stream (H.264 + MP2). Named imkh_stream.mp4, as such files are
