@@ -405,9 +405,11 @@ QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset)
             mdatStart = a.offset;
             mdatSize = a.size;
         }
-    if (mdatSize < (256 << 10))
+    constexpr quint64 kBlock = 64 << 10;
+    if (mdatSize < kBlock + (16 << 10))
         return {};
-    const quint64 at = mdatStart + mdatSize / 2;
+    // Centred in the media data, and wholly inside it.
+    const quint64 at = mdatStart + (mdatSize - kBlock) / 2;
     if (damageOffset)
         *damageOffset = at;
     const QString dest = QStringLiteral("%1.%2.%3").arg(QFileInfo(src).path() + "/" + QFileInfo(src).completeBaseName())

@@ -1,0 +1,410 @@
+// The H.264 carve: header and frame arithmetic, the unique lists, the head
+// list walk, and whole repairs of ffmpeg-made recordings against their
+// samples, judged by what ffprobe finds in the result.
+
+#include "carve/audio/Adts.h"
+#include "carve/audio/HeadList.h"
+#include "carve/audio/Mp3Frame.h"
+#include "carve/video/CarveFamily.h"
+#include "carve/video/WorkFiles.h"
+#include "repair/ThreadVideoRepair.h"
+#include "support/Fixtures.h"
+#include "support/MovBuilder.h"
+
+#include <QCryptographicHash>
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+struct Probe
+{
+    int video = -1;
+    int audio = -1;
+    double audioSeconds = 0;
+    double videoSeconds = 0;
+};
+
+Probe probe(const QString &path)
+{
+    Probe p;
+    QProcess proc;
+    proc.start("ffprobe", {"-v", "error", "-count_packets", "-show_entries",
+                           "stream=codec_type,nb_read_packets,duration", "-of", "csv=p=0", path});
+    proc.waitForFinished(60000);
+    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
+        const QStringList f = line.trimmed().split(',');
+        if (f.value(0) == "video") {
+            p.videoSeconds = f.value(1).toDouble();
+            p.video = f.value(2).toInt();
+        } else if (f.value(0) == "audio") {
+            p.audioSeconds = f.value(1).toDouble();
+            p.audio = f.value(2).toInt();
+        }
+    }
+    return p;
+}
+
+// Frames the decoder gets out of the video, and whether it complained.
+int decodedFrames(const QString &path, QString *errors)
+{
+    QProcess proc;
+    proc.start("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"});
+    proc.waitForFinished(120000);
+    if (errors)
+        *errors = QString::fromUtf8(proc.readAllStandardError());
+    int n = 0;
+    for (const QByteArray &l : proc.readAllStandardOutput().split('\n'))
+        if (!l.isEmpty() && !l.startsWith('#'))
+            ++n;
+    return n;
+}
+
+// Video packets of a healthy file that lie wholly outside [from, to) and
+// before `end`: what a carve of the damaged copy can hope to find.
+int intactVideo(const QString &healthy, quint64 from, quint64 to, quint64 end)
+{
+    QProcess proc;
+    proc.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-show_entries", "packet=pos,size", "-of",
+                           "csv=p=0", healthy});
+    proc.waitForFinished(60000);
+    int n = 0;
+    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
+        const QStringList f = line.split(',');
+        const quint64 size = f.value(0).toULongLong(), pos = f.value(1).toULongLong(); // ffprobe prints size first
+        if (pos + size <= end && (pos + size <= from || pos >= to))
+            ++n;
+    }
+    return n;
+}
+
+QByteArray digest(const QString &path)
+{
+    QFile f(path);
+    f.open(QIODevice::ReadOnly);
+    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1);
+}
+
+struct Cli
+{
+    int code = -1;
+    QString status, output;
+};
+
+Cli repair(const QString &file, const QString &sample, const QString &work)
+{
+    QProcess p;
+    QStringList args{"repair", "--work", work};
+    if (!sample.isEmpty())
+        args << "--sample" << sample;
+    args << "--" << file;
+    p.start(VM_CLI_PATH, args);
+    p.waitForFinished(300000);
+    const QStringList f = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+    return {p.exitCode(), f.value(0), f.value(2)};
+}
+} // namespace
+
+class TestCarve : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void adtsHeaders()
+    {
+        pApp.reset();
+        pApp.nSoundSampleRate = 48000;
+        QVERIFY(adts::BuildAdtsHeader(200));
+        const quint32 want[7] = {0xFF, 0xF1, 0x4C, 0x80, 0x19, 0xFF, 0xFC};
+        for (int i = 0; i < 7; ++i)
+            QCOMPARE(pApp.nAdtsBytes[i], want[i]);
+        auto lengthField = [] {
+            return (pApp.nAdtsBytes[3] & 3) << 11 | pApp.nAdtsBytes[4] << 3 | pApp.nAdtsBytes[5] >> 5;
+        };
+        QVERIFY(adts::BuildAdtsHeader(0));
+        QCOMPARE(lengthField(), 7u);
+        QVERIFY(adts::BuildAdtsHeader(8184));
+        QCOMPARE(lengthField(), 8191u);
+        // Mono sound is still written as two channels; 1000 Hz means "unknown" and becomes 48000 for good.
+        pApp.nSoundChannels = 1;
+        pApp.nSoundSampleRate = 1000;
+        QVERIFY(adts::BuildAdtsHeader(100));
+        QCOMPARE(pApp.nSoundSampleRate, 48000u);
+        QCOMPARE((pApp.nAdtsBytes[2] & 1) << 2 | pApp.nAdtsBytes[3] >> 6, 2u);
+        pApp.nSoundSampleRate = 44100;
+        QVERIFY(adts::BuildAdtsHeader(300));
+        QCOMPARE(pApp.nAdtsBytes[2], 0x50u);
+        QCOMPARE(pApp.nAdtsBytes[3] & 0xC0, 0x80u);
+        // A rate with no AAC index is refused, not a crash.
+        pApp.nSoundSampleRate = 12345;
+        QVERIFY(!adts::BuildAdtsHeader(300));
+        QCOMPARE(adts::BinaryText(5, 3), QString("101"));
+        QCOMPARE(adts::BinaryText(0, 4), QString("0000"));
+        QCOMPARE(adts::BinaryText(9, 2), QString("1001")); // keeps all its digits
+        QCOMPARE(adts::BitsToHexPairs("111111110001", false), QString("FF 1"));
+        QCOMPARE(adts::BitsToHexPairs("11", true), QString("3"));
+    }
+
+    void mp3FrameLengths()
+    {
+        auto len = [](quint8 a, quint8 b, quint8 c) {
+            const quint8 h[4] = {a, b, c, 0};
+            return Mp3FrameLength(h);
+        };
+        QCOMPARE(len(0xFF, 0xFB, 0x90), 417); // MPEG 1 layer III 128k 44.1k
+        QCOMPARE(len(0xFF, 0xFB, 0x92), 418); // with padding
+        QCOMPARE(len(0xFF, 0xFB, 0x94), 384); // 48 kHz
+        QCOMPARE(len(0xFF, 0xF3, 0x90), 261); // MPEG 2 layer III 80k 22.05k: 80*72000/22050
+        QCOMPARE(len(0xFF, 0xFD, 0x92), 522 + 4); // layer II 160k, padding adds 4
+        QCOMPARE(len(0xFF, 0xFF, 0x90), -1);         // layer I
+        QCOMPARE(len(0xFF, 0xEB, 0x90), -1);         // reserved version
+        QCOMPARE(len(0xFF, 0xFB, 0xF0), -1);         // bad bit rate
+        QCOMPARE(len(0xFF, 0xFB, 0x9C), -1);         // reserved rate
+        QCOMPARE(len(0x00, 0xFB, 0x90), -1);
+        QCOMPARE(pApp.nMp3FrameLength, -1);
+    }
+
+    void uniqueLists()
+    {
+        QTemporaryDir d;
+        pApp.reset();
+        pApp.strWorkBase = d.path();
+        ThreadVideoRepair t;
+        CarverArgs a;
+        a.strVideoHeads = d.filePath("heads.bin");
+        auto run = [&](const QByteArray &in) {
+            mov::write(a.strVideoHeads, in);
+            t.WriteUniqueSequences(true, a);
+            QFile f(a.strVideoUnique);
+            f.open(QIODevice::ReadOnly);
+            return f.readAll();
+        };
+        QByteArray many;
+        for (quint32 i = 0; i < 10001; ++i)
+            many += QByteArray(1, char(i >> 16)) + char(i >> 8) + char(i);
+        many += many.left(30); // repeats change nothing
+        const QByteArray out = run(many);
+        QCOMPARE(out.size(), 30000);
+        QCOMPARE(out, many.left(30000));
+        QCOMPARE(run("abcd"), QByteArray("abc"));       // a short tail is dropped
+        QCOMPARE(run(QByteArray()), QByteArray());
+        QCOMPARE(run("xyzxyzxyz"), QByteArray("xyz"));
+        QCOMPARE(run("abcxyzabcdef"), QByteArray("abcxyzdef")); // order of first appearance
+        QFile::remove(a.strVideoHeads);
+        QCOMPARE(run(QByteArray()), QByteArray()); // missing input: empty output
+    }
+
+    void headListInMemoryWalksLikeTheFile()
+    {
+        // Random lists (with repeats and a short last record) and random
+        // questions: both walks must answer alike, every time.
+        QTemporaryDir d;
+        QRandomGenerator rng(77);
+        for (int round = 0; round < 30; ++round) {
+            QByteArray list;
+            const int n = int(rng.bounded(1, 60));
+            for (int i = 0; i < n * 3 + int(rng.bounded(3)); ++i)
+                list += char(rng.bounded(4)); // a small alphabet makes matches frequent
+            const QString path = d.filePath(QString::number(round));
+            mov::write(path, list);
+            MemoryHeadList mem(list);
+            DiskHeadList disk(path);
+            for (int q = 0; q < 3000; ++q) {
+                if (rng.bounded(50) == 0) {
+                    mem.reset();
+                    disk.reset();
+                }
+                quint8 b[3] = {quint8(rng.bounded(4)), quint8(rng.bounded(4)), quint8(rng.bounded(4))};
+                QCOMPARE(mem.match(b), disk.match(b));
+            }
+        }
+    }
+
+    void firstRunRemuxesAUsableIndex()
+    {
+        VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QTemporaryDir work;
+        const Cli r = repair(healthy, QString(), work.path());
+        QCOMPARE(r.status, QString("Completed"));
+        const Probe p = probe(r.output), h = probe(healthy);
+        QCOMPARE(p.video, h.video);
+        QCOMPARE(p.audio, h.audio);
+        QCOMPARE(repair(noMoov, QString(), work.path()).status, QString("Awaiting Action"));
+    }
+
+    void sampleRunsRepair_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("damage");
+        QTest::addColumn<double>("minVideo"); // share of the frames the damage left intact
+        QTest::addColumn<double>("minAudio"); // share of the video's duration; -1: no sound
+        // What the rules recover from ffmpeg's recordings. Where a share is
+        // below 1, the closing note names the rule that loses the rest.
+        QTest::newRow("aac 48k, moov gone") << "carve_aac48" << "nomoov" << 1.0 << 0.6;
+        QTest::newRow("aac 44.1k, moov gone") << "carve_aac44" << "nomoov" << 1.0 << 0.55;
+        // Mono frames open with 00 or 01: where no learned head marks one, the
+        // units around it can't be confirmed and are lost.
+        QTest::newRow("mono aac, moov gone") << "carve_mono" << "nomoov" << 0.9 << 0.55;
+        QTest::newRow("no B-frames, moov gone") << "carve_nob" << "nomoov" << 1.0 << 0.6;
+        QTest::newRow("delimiters, moov gone") << "carve_aud" << "nomoov" << 1.0 << 0.95;
+        QTest::newRow("two slices, moov gone") << "carve_slices" << "nomoov" << 1.0 << 0.95;
+        QTest::newRow("video alone, moov gone") << "carve_silent" << "nomoov" << 1.0 << -1.0;
+        QTest::newRow("aac 48k, cut at 70%") << "carve_aac48" << "cut" << 0.95 << 0.5;
+        QTest::newRow("video alone, cut at 70%") << "carve_silent" << "cut" << 0.95 << -1.0;
+        QTest::newRow("aac 48k, zeros inside") << "carve_aac48" << "zeros" << 0.95 << 0.5;
+        QTest::newRow("aac 48k, noise inside") << "carve_aac48" << "random" << 0.95 << 0.5;
+        QTest::newRow("video alone, zeros inside") << "carve_silent" << "zeros" << 0.95 << -1.0;
+    }
+
+    void sampleRunsRepair()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, damage);
+        QFETCH(double, minVideo);
+        QFETCH(double, minAudio);
+        VM_FIXTURE(healthy, fixtures::healthy(name + ".mov"));
+        VM_FIXTURE(sample, fixtures::healthy(name + "_sample.mov"));
+        QString damaged;
+        quint64 from = 0, to = 0, end = ~quint64(0);
+        if (damage == "nomoov") {
+            damaged = fixtures::moovRemoved(healthy);
+        } else if (damage == "cut") {
+            damaged = fixtures::cutAt(healthy, 70);
+            end = quint64(QFileInfo(damaged).size());
+        } else {
+            damaged = fixtures::moovRemoved(fixtures::damagedMiddle(healthy, damage == "random", &from));
+            to = from + (64 << 10);
+        }
+        QVERIFY(!damaged.isEmpty());
+        const QByteArray before = digest(damaged), sampleBefore = digest(sample);
+        QTemporaryDir work;
+        QCOMPARE(repair(damaged, QString(), work.path()).status, QString("Awaiting Action"));
+        const Cli r = repair(damaged, sample, work.path());
+        QCOMPARE(r.status, QString("Completed"));
+        const Probe p = probe(r.output);
+        const int intact = intactVideo(healthy, from, to, end);
+        QString errors;
+        const int decoded = decodedFrames(r.output, &errors);
+        qInfo().noquote() << QStringLiteral("%1 %2: video %3 packets of %4 intact, %5 decoded; audio %6 s of %7 s")
+                                 .arg(name, damage).arg(p.video).arg(intact).arg(decoded)
+                                 .arg(p.audioSeconds).arg(p.videoSeconds);
+        QVERIFY2(p.video >= int(minVideo * intact), qPrintable(QString::number(p.video)));
+        if (damage == "nomoov") {
+            // B-frames from a raw stream muxed at a fixed rate lose a few
+            // frames to their timestamps in the decoder; the packets are all there.
+            QVERIFY(decoded >= int(0.95 * minVideo * intact));
+            QVERIFY2(!errors.contains("error while decoding"), qPrintable(errors.left(400)));
+        } else {
+            // Frames that refer to what the damage took can't be decoded.
+            QVERIFY(decoded >= p.video / 2);
+        }
+        if (minAudio < 0) {
+            QCOMPARE(p.audio, -1);
+        } else {
+            QVERIFY(p.audio > 0);
+            QVERIFY2(p.audioSeconds >= minAudio * p.videoSeconds, qPrintable(QString::number(p.audioSeconds)));
+        }
+        QCOMPARE(digest(damaged), before);
+        QCOMPARE(digest(sample), sampleBefore);
+    }
+
+    void bothHeadListsCarveTheSame()
+    {
+        VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
+        VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QTemporaryDir a, b;
+        const Cli mem = repair(noMoov, sample, a.path());
+        // In-process run with the file walk, compared with the CLI's result.
+        pApp.reset();
+        pApp.strChosenLocation = b.path();
+        carve::SetHeadListOnDisk(true);
+        ThreadVideoRepair t;
+        pApp.bSampleRun = true;
+        t.SetSampleFile(sample);
+        t.StartRepair({noMoov}, true);
+        t.wait();
+        carve::SetHeadListOnDisk(false);
+        const QString disk = b.filePath("Repaired/" + QFileInfo(noMoov).fileName());
+        QVERIFY(QFileInfo(disk).size() > 2048);
+        QCOMPARE(digest(disk), digest(mem.output));
+    }
+
+    void badSamplesGiveAnHonestVerdict()
+    {
+        VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        VM_FIXTURE(hevc, fixtures::healthy("carve_hevc_sample.mov"));
+        QTemporaryDir work;
+        // An HEVC sample names a chain that isn't built: the file keeps waiting.
+        QCOMPARE(repair(noMoov, hevc, work.path()).status, QString("Awaiting Action"));
+        // Random bytes as a sample: nothing to learn, no result.
+        const QString noise = work.filePath("noise.mov");
+        QByteArray bytes(300000, '\0');
+        QRandomGenerator rng(3);
+        for (int i = 0; i < bytes.size(); ++i)
+            bytes[i] = char(rng.bounded(256));
+        mov::write(noise, bytes);
+        QCOMPARE(repair(noMoov, noise, work.path()).status, QString("Awaiting Action"));
+        // A damaged file of random bytes with a good sample: ends, and says it failed.
+        const Cli r = repair(noise, fixtures::healthy("carve_aac48_sample.mov"), work.path());
+        QVERIFY(r.status == "Failed" || r.status == "Awaiting Action");
+    }
+
+    void harvestEdgeCases()
+    {
+        // One-entry tables: an stco gives no signatures, a co64 walks its chunk.
+        using namespace mov;
+        QTemporaryDir d;
+        auto sampleWith = [&](const char *table, bool zeroLength) {
+            // mdat: a chunk of three NAL units (a 2-byte delimiter, then two slices).
+            QByteArray chunk = be32(2) + QByteArray("\x09\xf0", 2) + be32(5) + QByteArray("\x65\x88\x84\x00\x01", 5);
+            chunk += zeroLength ? be32(0) + QByteArray(8, '\0') : be32(4) + QByteArray("\x41\x9a\x02\x03", 4);
+            const QByteArray mdat = atom("mdat", chunk);
+            const int chunkAt = ftyp().size() + 8;
+            const QByteArray entry = QByteArray(table) == "co64" ? be32(0) + be32(quint32(chunkAt)) : be32(quint32(chunkAt));
+            const QByteArray tbl = atom(table, zeros(4) + be32(1) + entry);
+            const QByteArray avcC = atom("avcC", QByteArray("\x01\x64\x00\x1f\xff\xe1", 6) + be16(4)
+                                                     + QByteArray("\x67\x64\x00\x1f", 4) + char(1) + be16(2)
+                                                     + QByteArray("\x68\xee", 2));
+            const QByteArray entryAtom = atom("avc1", zeros(6) + be16(1) + zeros(70) + avcC);
+            const QByteArray stbl = atom("stbl", stsd(entryAtom) + stts(1001) + atom("stsz", zeros(4) + be32(0) + be32(1) + be32(20)) + tbl);
+            const QByteArray trak = atom("trak", tkhd(320, 240) + atom("mdia", mdhd(30000) + atom("minf", atom("vmhd", zeros(12)) + stbl)));
+            const QString path = d.filePath(QString(table) + (zeroLength ? "z.mov" : ".mov"));
+            write(path, ftyp() + mdat + moov({trak}));
+            return path;
+        };
+        auto harvest = [&](const QString &sample) {
+            pApp.reset();
+            pApp.strWorkBase = d.path();
+            pApp.bSampleRun = true;
+            pApp.nFormatCode = 12; // a chain whose splitter isn't built: stops after the lists
+            ThreadVideoRepair t;
+            CarverArgs a;
+            a.strSample = sample;
+            a.strSource = sample;
+            t.CarveH264WithLpcm(a);
+            QFile f(workfiles::Path(workfiles::kVideoHeads));
+            f.open(QIODevice::ReadOnly);
+            return f.readAll();
+        };
+        QCOMPARE(harvest(sampleWith("stco", false)), QByteArray());
+        // co64: the first unit counts twice, then each unit of the chain.
+        const QByteArray walked = harvest(sampleWith("co64", false));
+        QCOMPARE(walked.left(6), QByteArray("\x09\xf0\x00\x09\xf0\x00", 6));
+        QVERIFY(walked.contains(QByteArray("\x65\x88\x84", 3)));
+        QVERIFY(walked.contains(QByteArray("\x41\x9a\x02", 3)));
+        // A zero length ends the walk of the chunk.
+        QVERIFY(!harvest(sampleWith("co64", true)).contains(QByteArray("\x41\x9a\x02", 3)));
+        // The head of the video stream: start code, SPS, start code, PPS.
+        QFile v(workfiles::Path(workfiles::kVideoH264));
+        QVERIFY(v.open(QIODevice::ReadOnly));
+        QCOMPARE(v.readAll(), QByteArray("\0\0\0\1\x67\x64\x00\x1f\0\0\0\1\x68\xee", 14));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestCarve)
+#include "tst_carve.moc"
