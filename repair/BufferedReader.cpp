@@ -55,6 +55,7 @@ bool BufferedReader::open(const QString &path)
         m_bufSize = need;
     }
     m_winPos = m_winLen = 0;
+    m_probePos = m_probeLen = 0;
     m_cursor = 0;
     return true;
 }
@@ -66,6 +67,7 @@ void BufferedReader::close()
     m_fd = -1;
     m_size = 0;
     m_winPos = m_winLen = 0;
+    m_probePos = m_probeLen = 0;
     m_cursor = 0;
 }
 
@@ -84,10 +86,45 @@ bool BufferedReader::load(quint64 pos)
     return pos - m_winPos < m_winLen;
 }
 
+bool BufferedReader::isFar(quint64 pos) const
+{
+    if (m_winLen == 0)
+        return false;
+    // Just behind the window or up to half a window beyond it is the walk
+    // moving on; anything else is a look somewhere else.
+    const quint64 end = m_winPos + m_winLen;
+    if (pos >= m_winPos && pos < end + m_bufSize / 2)
+        return false;
+    // A second look right behind the last probe means the scan moved there.
+    if (m_probeLen && pos >= m_probePos && pos < m_probePos + 2 * kProbeBytes && pos >= m_probePos + m_probeLen)
+        return false;
+    return true;
+}
+
+const quint8 *BufferedReader::probe(quint64 pos, size_t n)
+{
+    if (pos - m_probePos < m_probeLen && m_probeLen - (pos - m_probePos) >= n)
+        return m_probe + (pos - m_probePos);
+    const quint64 start = pos - pos % 512;
+    if (pos + n - start > kProbeBytes)
+        return nullptr;
+    const size_t want = size_t(qMin<quint64>(kProbeBytes, m_size - start));
+    m_probePos = start;
+    m_probeLen = preadFull(m_fd, m_probe, want, start);
+    ++m_diskReads;
+    if (pos - m_probePos < m_probeLen && m_probeLen - (pos - m_probePos) >= n)
+        return m_probe + (pos - m_probePos);
+    return nullptr;
+}
+
 const quint8 *BufferedReader::peekSlow(quint64 pos, size_t n)
 {
     if (m_fd < 0 || n > m_bufSize / 2 || pos >= m_size || m_size - pos < n)
         return nullptr;
+    if (n <= 1024 && isFar(pos)) {
+        if (const quint8 *p = probe(pos, n))
+            return p;
+    }
     if (!load(pos) || m_winLen - (pos - m_winPos) < n)
         return nullptr;
     return m_buf.get() + (pos - m_winPos);
@@ -104,6 +141,13 @@ size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
     size_t done = 0;
     while (done < avail) {
         const quint64 p = pos + done;
+        if (!(p - m_winPos < m_winLen) && avail - done <= 1024 && isFar(p)) {
+            if (const quint8 *src = probe(p, avail - done)) {
+                std::memcpy(out + done, src, avail - done);
+                done = avail;
+                break;
+            }
+        }
         if (!(p - m_winPos < m_winLen)) {
             // A big read past the window goes straight to the disk.
             if (avail - done >= m_bufSize) {

@@ -97,6 +97,10 @@ public:
 private:
     const quint8 *peekSlow(quint64 pos, size_t n);
     bool load(quint64 pos);
+    // A small read far from the window (a length field probing ahead) goes
+    // through a small side buffer, so the window the scan walks stays put.
+    const quint8 *probe(quint64 pos, size_t n);
+    bool isFar(quint64 pos) const;
 
     int m_fd = -1;
     QString m_path;
@@ -108,4 +112,8 @@ private:
     quint64 m_winLen = 0;
     quint64 m_cursor = 0;
     quint64 m_diskReads = 0;
+    static constexpr size_t kProbeBytes = 1024;
+    quint8 m_probe[kProbeBytes];
+    quint64 m_probePos = 0;
+    quint64 m_probeLen = 0;
 };

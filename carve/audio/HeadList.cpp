@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-MemoryHeadList::MemoryHeadList(const QByteArray &records) : m_present(size_t(1) << 18)
+MemoryHeadList::MemoryHeadList(const QByteArray &records) : m_first2(size_t(1) << 10), m_present(size_t(1) << 18)
 {
     m_bytes = quint64(records.size());
     // A short last record is compared with zeros behind it, as a read past
@@ -18,6 +18,7 @@ MemoryHeadList::MemoryHeadList(const QByteArray &records) : m_present(size_t(1) 
         const quint32 key = quint32(quint8(padded[3 * i])) << 16 | quint32(quint8(padded[3 * i + 1])) << 8
                             | quint8(padded[3 * i + 2]);
         m_present[key >> 6] |= quint64(1) << (key & 63);
+        m_first2[key >> 14] |= quint64(1) << ((key >> 8) & 63);
         m_index.emplace_back(key, quint32(i));
     }
     std::sort(m_index.begin(), m_index.end());

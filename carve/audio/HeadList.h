@@ -34,7 +34,8 @@ public:
     bool match(const quint8 *b) override
     {
         const quint32 key = quint32(b[0]) << 16 | quint32(b[1]) << 8 | b[2];
-        if (m_present[key >> 6] >> (key & 63) & 1) {
+        // A small filter on the first two bytes answers most questions from cache.
+        if ((m_first2[key >> 14] >> ((key >> 8) & 63) & 1) && (m_present[key >> 6] >> (key & 63) & 1)) {
             const quint32 index = lookup(key);
             if (index != ~quint32(0) - 1) {
                 m_next = index + 1;
@@ -49,6 +50,7 @@ public:
 
 private:
     quint32 lookup(quint32 key) const;
+    std::vector<quint64> m_first2;  // 2^16 bits: is any value with these first two bytes in the list
     std::vector<quint64> m_present; // 2^24 bits: is the value in the list at all
     std::vector<std::pair<quint32, quint32>> m_index; // (value, record number), sorted by value
     quint32 m_next = 0;             // record number where the next walk starts

@@ -118,8 +118,21 @@ bool isTagIn(BufferedReader &f, quint64 p, std::initializer_list<const char *> t
 }
 bool isSkipTag(BufferedReader &f, quint64 p)
 {
+    // Called at every byte of a scan: look at the first letter before comparing tags.
+    const quint8 *b = f.peek(p, 4);
+    quint8 tmp[4];
+    if (!b) {
+        f.readAt(p, tmp, 4);
+        b = tmp;
+    }
+    switch (b[0]) {
+    case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
+        break;
+    default:
+        return false;
+    }
     for (const char *t : kSkipTags)
-        if (f.tagAt(p, t))
+        if (std::memcmp(b, t, 4) == 0)
             return true;
     return false;
 }
