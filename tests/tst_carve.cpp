@@ -243,12 +243,14 @@ private Q_SLOTS:
         QTest::addColumn<double>("minAudio"); // share of the video's duration; -1: no sound
         // What the rules recover from ffmpeg's recordings. Where a share is
         // below 1, the closing note names the rule that loses the rest.
-        QTest::newRow("aac 48k, moov gone") << "carve_aac48" << "nomoov" << 1.0 << 0.6;
-        QTest::newRow("aac 44.1k, moov gone") << "carve_aac44" << "nomoov" << 1.0 << 0.55;
+        // A unit that only sound follows is confirmed only when that sound opens
+        // with a learned head: a few are lost where the list has no such head.
+        QTest::newRow("aac 48k, moov gone") << "carve_aac48" << "nomoov" << 0.95 << 0.6;
+        QTest::newRow("aac 44.1k, moov gone") << "carve_aac44" << "nomoov" << 0.95 << 0.55;
         // Mono frames open with 00 or 01: where no learned head marks one, the
         // units around it can't be confirmed and are lost.
         QTest::newRow("mono aac, moov gone") << "carve_mono" << "nomoov" << 0.9 << 0.55;
-        QTest::newRow("no B-frames, moov gone") << "carve_nob" << "nomoov" << 1.0 << 0.6;
+        QTest::newRow("no B-frames, moov gone") << "carve_nob" << "nomoov" << 0.95 << 0.6;
         QTest::newRow("delimiters, moov gone") << "carve_aud" << "nomoov" << 1.0 << 0.95;
         QTest::newRow("two slices, moov gone") << "carve_slices" << "nomoov" << 1.0 << 0.95;
         QTest::newRow("video alone, moov gone") << "carve_silent" << "nomoov" << 1.0 << -1.0;

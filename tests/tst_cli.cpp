@@ -112,19 +112,25 @@ private Q_SLOTS:
             QCOMPARE(lines.at(i), QString("Awaiting Action\t%1\t-").arg(paths.at(i)));
         QVERIFY(r.err.isEmpty()); // not a terminal: no progress bar
 
-        // With a sample the waiting files get the second run; JSON carries the code.
-        QTemporaryDir work;
+        // With a sample the waiting files get the second run; JSON carries the
+        // code, and --out saves without overwriting.
+        QTemporaryDir work, out;
         QVERIFY(QFile::copy(sampleSrc, m_dir.filePath("sample.mp4")));
-        r = cli({"repair", "--json", "--work", work.path(), "--sample", "sample.mp4", "--", "-y.mp4"}, m_dir.path());
-        QCOMPARE(r.code, 1);
+        QVERIFY(QFile::copy(sampleSrc, out.filePath("-y.mp4"))); // already there: "-y(1).mp4"
+        r = cli({"repair", "--json", "--work", work.path(), "--out", out.path(), "--sample", "sample.mp4", "--",
+                 "-y.mp4"},
+                m_dir.path());
+        QCOMPARE(r.code, 0);
         const QJsonArray a = QJsonDocument::fromJson(r.out.toUtf8()).array();
         QCOMPARE(a.size(), 1);
         const QJsonObject o = a.at(0).toObject();
-        QCOMPARE(o["status"].toString(), QString("Awaiting Action"));
+        QCOMPARE(o["status"].toString(), QString("Completed"));
         QCOMPARE(o["source"].toString(), QString("-y.mp4"));
         QCOMPARE(o["formatCode"].toInt(), 0);
-        QVERIFY(o["output"].isNull());
-        QVERIFY(QFileInfo(work.filePath("Repaired")).isDir());
+        QCOMPARE(o["output"].toString(), out.filePath("-y(1).mp4"));
+        QVERIFY(QFileInfo(out.filePath("-y(1).mp4")).size() > 2048);
+        QCOMPARE(digest(out.filePath("-y(1).mp4")), digest(work.filePath("Repaired/-y.mp4")));
+        QCOMPARE(digest(out.filePath("-y.mp4")), digest(sampleSrc)); // never overwritten
 
         // Without ffmpeg the run still ends, with one clear line and status 2.
         QProcess p;

@@ -34,8 +34,8 @@ const QStringList kX265 = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-par
 const QStringList kAac = {"-c:a", "aac", "-b:a", "64k"};
 const QStringList kCamVideo = {"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=30:duration=4"};
 const QStringList kCamSampleVideo = {"-f", "lavfi", "-i", "smptebars=size=320x240:rate=30:duration=3"};
-const QStringList kCamNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=48000"};
-const QStringList kCamNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=44100"};
+const QStringList kCamNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=48000:seed=1"};
+const QStringList kCamNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=44100:seed=1"};
 const QStringList kCamSampleNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"};
 const QStringList kCamSampleNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=44100:seed=7"};
 const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
