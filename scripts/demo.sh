@@ -24,4 +24,8 @@ set +e
 rc=$?
 set -e
 echo "videomend-cli exit status: $rc (0 = every file repaired, 1 = some file not repaired)"
+if [ -f out/clip.mov ]; then
+  echo "Repaired file $dir/out/clip.mov holds (stream, packets):"
+  ffprobe -v error -count_packets -show_entries stream=codec_type,nb_read_packets -of csv=p=0 out/clip.mov | sed 's/^/  /'
+fi
 exit 0

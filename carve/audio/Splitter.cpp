@@ -38,20 +38,13 @@ struct SplitterRow
 
 const SplitterRow &rowOf(Splitter id)
 {
-    static const NalSet kAacRun{0x01, 0x06, 0x0C, 0x0E, 0x21, 0x25, 0x27, 0x28, 0x41, 0x4E, 0x61, 0x65, 0x67, 0x68};
-    static const NalSet kAacGap = NalSet{0x01, 0x06, 0x0C, 0x21, 0x25, 0x27, 0x28, 0x41, 0x61, 0x65, 0x67, 0x68}
-                                      .butNotBefore(0x21, 0x1A); // 21 1A opens many AAC frames
-    static const NalSet kVideoOnly = NalSet{0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x40, 0x41, 0x42, 0x44, 0x46, 0x4E,
-                                            0x61, 0x65, 0x67, 0x68}
-                                         .onlyBefore(0x02, 0x01);
-    static const NalSet kVideoOnlyDji{0x46, 0x4E, 0x61, 0x65, 0x67, 0x68};
-    static const NalSet kMp3Run{0x01, 0x06, 0x21, 0x25, 0x41, 0x61, 0x65, 0x67, 0x68};
-    static const NalSet kMp3First{0x06, 0x61, 0x65, 0x67, 0x68};
     static const SplitterRow kRows[] = {
-        {Splitter::H264Aac, "SplitH264Aac", kAacRun, kAacRun, kAacGap, kVideoOnly, kVideoOnlyDji, AudioKind::AdtsHeads,
-         mux::StageId::H264Aac},
-        {Splitter::H264Mp3, "SplitH264Mp3", kMp3Run, kMp3First, kMp3First, kMp3Run, kMp3Run, AudioKind::Mp3Frames,
-         mux::StageId::H264Mp3},
+        {Splitter::H264Aac, "SplitH264Aac", FrameTestOf(Chain::Aac).run, FrameTestOf(Chain::Aac).run,
+         FrameTestOf(Chain::Aac).first, FrameTestOf(Chain::AacVideoOnly).run, FrameTestOf(Chain::AacVideoOnlyDji).run,
+         AudioKind::AdtsHeads, mux::StageId::H264Aac},
+        {Splitter::H264Mp3, "SplitH264Mp3", FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).first,
+         FrameTestOf(Chain::Mp3).first, FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).run,
+         AudioKind::Mp3Frames, mux::StageId::H264Mp3},
     };
     for (const SplitterRow &r : kRows)
         if (r.id == id)
