@@ -167,10 +167,8 @@ void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args
             s.bSampleHasAudio = false;
             if (f.u8(first) != 0)
                 return fail();
-            if (s.nChunkCount >= 2) {
-                // The second entry is read 4 bytes on, also in a co64: kept as it always was.
-                (void)(co64 ? f.be64(P + 16) : f.be32(P + 16));
-            }
+            // On the second entry (read 4 bytes on, also in a co64, as it always
+            // was; its value decides nothing) the index is taken as usable.
             s.bSampleHasAudio = true;
             return remux();
         }
