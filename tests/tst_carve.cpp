@@ -313,6 +313,31 @@ private Q_SLOTS:
         QCOMPARE(digest(sample), sampleBefore);
     }
 
+    void fillIsSteppedOver()
+    {
+        // 600 bytes of FF, then 40 KiB of zeros, behind the mdat header: the
+        // walk passes them in blocks and starts at the first unit behind.
+        VM_FIXTURE(healthy, fixtures::healthy("carve_silent.mov"));
+        VM_FIXTURE(sample, fixtures::healthy("carve_silent_sample.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QFile in(noMoov);
+        QVERIFY(in.open(QIODevice::ReadOnly));
+        QByteArray d = in.readAll();
+        const int mdat = d.indexOf("mdat") - 4;
+        QVERIFY(mdat > 0);
+        const QByteArray fill = QByteArray(600, '\xff') + QByteArray(40 << 10, '\0');
+        d.insert(mdat + 8, fill);
+        const quint32 size = quint32(quint8(d[mdat])) << 24 | quint32(quint8(d[mdat + 1])) << 16
+                             | quint32(quint8(d[mdat + 2])) << 8 | quint8(d[mdat + 3]);
+        d.replace(mdat, 4, mov::be32(size + quint32(fill.size())));
+        QTemporaryDir work;
+        const QString path = work.filePath("filled.mov");
+        QVERIFY(mov::write(path, d));
+        const Cli r = repair(path, sample, work.path());
+        QCOMPARE(r.status, QString("Completed"));
+        QCOMPARE(probe(r.output).video, probe(healthy).video);
+    }
+
     void bothHeadListsCarveTheSame()
     {
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
