@@ -7,7 +7,7 @@ packages=(
   build-essential cmake pkg-config
   qtbase5-dev qttools5-dev-tools qttools5-dev
   ffmpeg
-  xvfb xauth fonts-dejavu-core
+  xvfb xauth fonts-dejavu-core fonts-dejavu-extra qttranslations5-l10n
 )
 
 missing=()

@@ -124,11 +124,12 @@ PromptDialog::PromptDialog(QWidget *parent, Icon icon, const QStringList &button
     auto *buttons = new QHBoxLayout;
     buttons->setContentsMargins(look::Scaled(24, s), look::Scaled(12, s), look::Scaled(20, s),
                                 look::Scaled(16, s));
+    buttons->setSpacing(look::Scaled(10, s));
     buttons->addStretch(1);
     for (const QString &name : buttonNames) {
         auto *b = new QPushButton(this);
         b->setObjectName(name);
-        b->setProperty("accent", name != "NoBtn");
+        b->setProperty(name == "NoBtn" ? "secondary" : "accent", true);
         b->setFont(look::ButtonFont());
         b->setMinimumSize(look::Scaled(100, s), look::Scaled(32, s));
         b->setCursor(Qt::PointingHandCursor);

@@ -6,6 +6,12 @@
 #include <QPixmap>
 #include <QWidget>
 
+// The resources live in a static library: register them by hand.
+static void InitShellResources()
+{
+    Q_INIT_RESOURCE(videomend);
+}
+
 namespace look {
 
 void InstallFontSubstitutes()
@@ -15,7 +21,7 @@ void InstallFontSubstitutes()
         return;
     done = true;
     for (const char *family : {"Segoe UI", "Segoe UI semibold", "Segoe UI Semibold", "Calibri Light"})
-        QFont::insertSubstitutions(family, {"DejaVu Sans", "Liberation Sans", "Sans Serif"});
+        QFont::insertSubstitutions(family, {"DejaVu Sans Condensed", "DejaVu Sans", "Sans Serif"});
 }
 
 QFont Font(const char *family, int points, bool bold, bool underline)
@@ -33,6 +39,8 @@ QFont ButtonFont() { return Font("Segoe UI Semibold", 10, true); }
 
 QString StyleSheet()
 {
+    static const bool registered = (InitShellResources(), true);
+    Q_UNUSED(registered);
     QFile f(":/style/videomend.qss");
     return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()) : QString();
 }

@@ -1,0 +1,494 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE">
+<context>
+    <name>CloseApplicationDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>InsufficientDlg</name>
+    <message>
+        <source>Insufficient Space</source>
+        <translation>Nicht genügend Speicherplatz</translation>
+    </message>
+    <message>
+        <source>Insufficient space at selected destination.
+</source>
+        <translation>Nicht genügend Speicherplatz am gewählten Zielort.
+</translation>
+    </message>
+    <message>
+        <source>Click &apos;Browse&apos; to change destination .
+</source>
+        <translation>Klicken Sie auf „Durchsuchen“, um den Zielort zu ändern.
+</translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation>Durchsuchen</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Abbrechen</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>InsufficientSpaceDlg</name>
+    <message>
+        <source>Available Space: %1, Required Space: %2
+</source>
+        <translation>Verfügbarer Speicherplatz: %1, benötigter Speicherplatz: %2
+</translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation>Ordner auswählen</translation>
+    </message>
+</context>
+<context>
+    <name>Languages</name>
+    <message>
+        <source>English</source>
+        <translation>Englisch</translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation>Deutsch</translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation>Französisch</translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation>Italienisch</translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation>Spanisch</translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation>Japanisch</translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation>Chinesisch</translation>
+    </message>
+    <message>
+        <source>Korean</source>
+        <translation>Koreanisch</translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation>Niederländisch</translation>
+    </message>
+    <message>
+        <source>Portuguese Brazil</source>
+        <translation>Portugiesisch (Brasilien)</translation>
+    </message>
+    <message>
+        <source>Hindi</source>
+        <translation>Hindi</translation>
+    </message>
+</context>
+<context>
+    <name>MessageDlg</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+<context>
+    <name>Messages</name>
+    <message>
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Halvern Videomend</source>
+        <translation>Halvern Videomend</translation>
+    </message>
+    <message>
+        <source>Halvern Videomend is already running.</source>
+        <translation>Halvern Videomend wird bereits ausgeführt.</translation>
+    </message>
+</context>
+<context>
+    <name>QuestionDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>Sizes</name>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 Byte</translation>
+    </message>
+</context>
+<context>
+    <name>StopDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation>Ja</translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation>Nein</translation>
+    </message>
+</context>
+<context>
+    <name>VideoRepairWin</name>
+    <message>
+        <source>Minimise</source>
+        <translation>Minimieren</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Schließen</translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation>Menü</translation>
+    </message>
+    <message>
+        <source>Languages</source>
+        <translation>Sprachen</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation>Hilfe</translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation>Aktualisieren</translation>
+    </message>
+    <message>
+        <source>Add Your Corrupt Videos to Repair</source>
+        <translation>Beschädigte Videos zur Reparatur hinzufügen</translation>
+    </message>
+    <message>
+        <source>Add Videos</source>
+        <translation>Videos hinzufügen</translation>
+    </message>
+    <message>
+        <source>Repair Your Videos</source>
+        <translation>Videos reparieren</translation>
+    </message>
+    <message>
+        <source>Click &apos;Repair&apos; button to fix corrupted videos. This may take a while depending on the number of videos and their size</source>
+        <translation>Klicken Sie auf „Reparieren“, um beschädigte Videos zu reparieren. Je nach Anzahl und Größe der Videos kann dies eine Weile dauern</translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation>Alle auswählen</translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation>Hinzufügen</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Entfernen</translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation>Hier klicken</translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation>Reparieren</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Overall Progress</source>
+        <translation>Gesamtfortschritt</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>What is a reference file?</source>
+        <translation>Was ist eine Referenzdatei?</translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation>Reparierte Dateien speichern</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+</context>
+<context>
+    <name>VideoRepairWindow</name>
+    <message>
+        <source>Queued</source>
+        <translation>In Warteschlange</translation>
+    </message>
+    <message>
+        <source>Processing</source>
+        <translation>In Bearbeitung</translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation>Abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Awaiting Action</source>
+        <translation>Aktion nötig</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>Fehlgeschlagen</translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation>Abgebrochen</translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation>Vorschau</translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation>Erw. Reparatur</translation>
+    </message>
+    <message>
+        <source>FFmpeg Not Found</source>
+        <translation>FFmpeg nicht gefunden</translation>
+    </message>
+    <message>
+        <source>FFmpeg is not installed, so damaged videos can be checked but not rebuilt.
+Install it with: sudo apt-get install ffmpeg</source>
+        <translation>FFmpeg ist nicht installiert: Beschädigte Videos können geprüft, aber nicht neu aufgebaut werden.
+Installieren Sie es mit: sudo apt-get install ffmpeg</translation>
+    </message>
+    <message>
+        <source> : Repairing file</source>
+        <translation> : Reparatur von Datei</translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation>von</translation>
+    </message>
+    <message>
+        <source>Repairing </source>
+        <translation>Reparatur: </translation>
+    </message>
+    <message>
+        <source>Repair Complete</source>
+        <translation>Reparatur abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+Check &apos;Status&apos; column to view the repair outcome.</source>
+        <translation>Der Reparaturvorgang ist abgeschlossen.
+Das Ergebnis steht in der Spalte „Status“.</translation>
+    </message>
+    <message>
+        <source>Advance Repair Required</source>
+        <translation>Erweiterte Reparatur erforderlich</translation>
+    </message>
+    <message>
+        <source>This video is severely damaged. Run advance repair option to repair it before saving.</source>
+        <translation>Dieses Video ist schwer beschädigt. Führen Sie vor dem Speichern die erweiterte Reparatur aus.</translation>
+    </message>
+    <message>
+        <source>Process Aborted</source>
+        <translation>Vorgang abgebrochen</translation>
+    </message>
+    <message>
+        <source>Repair process was aborted. Go back to the previous screen to restart the repair process.</source>
+        <translation>Der Reparaturvorgang wurde abgebrochen. Kehren Sie zum vorherigen Bildschirm zurück, um die Reparatur neu zu starten.</translation>
+    </message>
+    <message>
+        <source>Severely Corrupted Video</source>
+        <translation>Schwer beschädigtes Video</translation>
+    </message>
+    <message>
+        <source>This video is severely corrupted and cannot be repaired.</source>
+        <translation>Dieses Video ist schwer beschädigt und kann nicht repariert werden.</translation>
+    </message>
+    <message>
+        <source>Stop Repair</source>
+        <translation>Reparatur anhalten</translation>
+    </message>
+    <message>
+        <source>This process will stop after processing the current file.</source>
+        <translation>Der Vorgang wird nach der aktuellen Datei angehalten.</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the process?</source>
+        <translation>Möchten Sie den Vorgang anhalten?</translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation>Möchten Sie den laufenden Vorgang anhalten?</translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation>Der Vorgang kann an dieser Stelle nicht fortgesetzt werden. Alle Änderungen werden verworfen. </translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation>Dabei werden die Reparaturergebnisse verworfen.
+Möchten Sie zum vorherigen Bildschirm zurückkehren?</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>Zurück</translation>
+    </message>
+    <message>
+        <source>Do you want to run advance repair on the severely corrupted video before leaving this page?</source>
+        <translation>Möchten Sie vor dem Verlassen dieser Seite die erweiterte Reparatur für das schwer beschädigte Video ausführen?</translation>
+    </message>
+    <message>
+        <source>Languages</source>
+        <translation>Sprachen</translation>
+    </message>
+    <message>
+        <source>List of video files</source>
+        <translation>Liste der Videodateien</translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation> Dateiname</translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation> Pfad</translation>
+    </message>
+    <message>
+        <source> Size (MB)</source>
+        <translation> Größe (MB)</translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation> Geändert am</translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation> Erstellt am</translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation>  Pfad</translation>
+    </message>
+    <message>
+        <source> Status</source>
+        <translation> Status</translation>
+    </message>
+    <message>
+        <source> Action</source>
+        <translation> Aktion</translation>
+    </message>
+    <message>
+        <source>Repaired files will be saved in %1.</source>
+        <translation>Reparierte Dateien werden in %1 gespeichert.</translation>
+    </message>
+    <message>
+        <source>Repaired files will be saved at the source file location.</source>
+        <translation>Reparierte Dateien werden am Speicherort der Quelldatei gespeichert.</translation>
+    </message>
+    <message>
+        <source>To change location</source>
+        <translation>Um den Speicherort zu ändern</translation>
+    </message>
+    <message>
+        <source>Repairing selected videos</source>
+        <translation>Ausgewählte Videos werden repariert</translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of videos and their file size. Please wait while the process is completed.</source>
+        <translation>Je nach Anzahl und Größe der Videos kann dies eine Weile dauern. Bitte warten Sie, bis der Vorgang abgeschlossen ist.</translation>
+    </message>
+    <message>
+        <source>Repair Process Completed</source>
+        <translation>Reparaturvorgang abgeschlossen</translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired videos. Click the &apos;Preview&apos; under Action column to preview repaired videos. </source>
+        <translation>Klicken Sie auf „Reparierte Dateien speichern“, um alle reparierten Videos zu speichern. Mit „Vorschau“ in der Spalte „Aktion“ sehen Sie sich ein repariertes Video an. </translation>
+    </message>
+    <message>
+        <source>Advance Repair Running</source>
+        <translation>Erweiterte Reparatur läuft</translation>
+    </message>
+    <message>
+        <source>Please wait while the &apos;Advance Repair&apos; process is running.</source>
+        <translation>Bitte warten Sie, während die erweiterte Reparatur läuft.</translation>
+    </message>
+    <message>
+        <source>Add File</source>
+        <translation>Datei hinzufügen</translation>
+    </message>
+    <message>
+        <source>Already added files</source>
+        <translation>Bereits hinzugefügte Dateien</translation>
+    </message>
+    <message>
+        <source>Files already added to list will be skipped.</source>
+        <translation>Dateien, die bereits in der Liste stehen, werden übersprungen.</translation>
+    </message>
+    <message>
+        <source>Choose Location</source>
+        <translation>Speicherort wählen</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>Beenden</translation>
+    </message>
+    <message>
+        <source>Application Running! 
+Please halt the current process to Exit.</source>
+        <translation>Die Anwendung arbeitet noch!
+Bitte halten Sie den laufenden Vorgang an, um das Programm zu beenden.</translation>
+    </message>
+    <message>
+        <source>Do you want to run advance repair on the severely corrupted files before exiting?</source>
+        <translation>Möchten Sie vor dem Beenden die erweiterte Reparatur für die schwer beschädigten Dateien ausführen?</translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation>Möchten Sie das Programm wirklich beenden?</translation>
+    </message>
+</context>
+<context>
+    <name>repairFinishDialog</name>
+    <message>
+        <source>What is a reference file?</source>
+        <translation>Was ist eine Referenzdatei?</translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,487 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="ja_JP">
+<context>
+    <name>CloseApplicationDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>InsufficientDlg</name>
+    <message>
+        <source>Insufficient Space</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Insufficient space at selected destination.
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click &apos;Browse&apos; to change destination .
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>InsufficientSpaceDlg</name>
+    <message>
+        <source>Available Space: %1, Required Space: %2
+</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Languages</name>
+    <message>
+        <source>English</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>German</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>French</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Italian</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Spanish</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Japanese</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Chinese</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Korean</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Dutch</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Portuguese Brazil</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Hindi</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>MessageDlg</name>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Messages</name>
+    <message>
+        <source>Exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Halvern Videomend</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Halvern Videomend is already running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QuestionDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>Sizes</name>
+    <message>
+        <source>%1 bytes</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>StopDlg</name>
+    <message>
+        <source>Yes</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VideoRepairWin</name>
+    <message>
+        <source>Minimise</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Menu</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Languages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Help</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Your Corrupt Videos to Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add Videos</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair Your Videos</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click &apos;Repair&apos; button to fix corrupted videos. This may take a while depending on the number of videos and their size</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select All</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Overall Progress</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>What is a reference file?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save Repaired Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>VideoRepairWindow</name>
+    <message>
+        <source>Queued</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Processing</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Completed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Awaiting Action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Aborted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preview</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Advance Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FFmpeg Not Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>FFmpeg is not installed, so damaged videos can be checked but not rebuilt.
+Install it with: sudo apt-get install ffmpeg</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> : Repairing file</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>of</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repairing </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair process completed.
+Check &apos;Status&apos; column to view the repair outcome.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Advance Repair Required</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This video is severely damaged. Run advance repair option to repair it before saving.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Process Aborted</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair process was aborted. Go back to the previous screen to restart the repair process.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Severely Corrupted Video</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This video is severely corrupted and cannot be repaired.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Stop Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This process will stop after processing the current file.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to stop the process?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to stop the current process?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This action will clear repair results.
+Do you want to go back to previous screen?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to run advance repair on the severely corrupted video before leaving this page?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Languages</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>List of video files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> File Name</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Size (MB)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Modified Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Created Date</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>  Path</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Status</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> Action</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repaired files will be saved in %1.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repaired files will be saved at the source file location.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>To change location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repairing selected videos</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This may take a while, depending on the number of videos and their file size. Please wait while the process is completed.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair Process Completed</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired videos. Click the &apos;Preview&apos; under Action column to preview repaired videos. </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Advance Repair Running</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Please wait while the &apos;Advance Repair&apos; process is running.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add File</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Already added files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files already added to list will be skipped.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Location</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Application Running! 
+Please halt the current process to Exit.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Do you want to run advance repair on the severely corrupted files before exiting?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Are you sure you want to exit?</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>repairFinishDialog</name>
+    <message>
+        <source>What is a reference file?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,226 @@
+#pragma once
+// The one window of the program: the add page, where damaged videos are
+// collected, and the results page, where a run shows its rows. The repair
+// itself runs in ThreadVideoRepair; this class only reacts to its signals.
+
+#include "Dialogs.h"
+#include "MyTreeWidget.h"
+#include "WorkFolders.h"
+#include "repair/ThreadVideoRepair.h"
+#include "ui_VideoRepairWin.h"
+
+#include <QList>
+#include <QPoint>
+#include <QStringList>
+#include <QWidget>
+
+class QMenu;
+class QTimer;
+
+struct RowButtonRec
+{
+    quint32 nID = 0;
+    QString strSourcePath;
+    CustomButton *pButton = nullptr;
+};
+
+class VideoRepairWindow : public QWidget, public Ui::VideoRepairWin
+{
+    Q_OBJECT
+public:
+    explicit VideoRepairWindow(QWidget *parent = nullptr);
+    ~VideoRepairWindow() override;
+
+    // Columns of pFileList.
+    enum FileColumn { fcName, fcPath, fcSize, fcFileId, fcParentId, fcExactSize, fcFullPath, fcModified, fcCreated };
+    // Columns of pRepairList; 10, 11, 13 and 14 hold the row's state.
+    enum RepairColumn {
+        rcName, rcPath, rcSize, rcFileId, rcParentId, rcTempPath, rcModified, rcCreated, rcStatus,
+        rcAction, rcProgressMark, rcVerdict, rcSource, rcQueueMark, rcDefaultCode
+    };
+    // What a row shows; kept beside the text so that a language change can
+    // say it again and no logic reads a translated text.
+    enum class RowStatus { None, Queued, Processing, Completed, Awaiting, Failed, Aborted };
+    enum class RowAction { None, Preview, AdvanceRepair };
+    static RowStatus StatusOf(const QTreeWidgetItem *item);
+    static RowAction ActionOf(const QPushButton *button);
+
+    // The answer of the add dialog, as it returned it.
+    void AddFiles(const QStringList &paths);
+    // The answer of "Choose Location"; empty clears the choice.
+    void SetDestPath(const QString &folder);
+    void StartFadeIn();
+    QString HelpPagePath() const;
+    ThreadVideoRepair &RepairThread() { return m_repairThread; }
+
+    MyTreeWidget *pFileList = nullptr;
+    MyTreeWidget *pRepairList = nullptr;
+    quint32 nNextFileId = 2;
+    bool bListShown = false;
+    QStringList lstPendingPaths;
+    QList<RowButtonRec *> lstRowButtons;
+    float fScale = 1.0f;
+    int nLanguage = 0;
+
+    // Marks of a run.
+    int nRepairedCount = 0;
+    int nAwaitingCount = 0;
+    bool bAborted = false;
+    bool bAdvanceRepairRunning = false;
+    bool bHasAwaiting = false;
+    bool bSpaceDialogShown = false;
+    bool bApplyToAll = false;
+    bool bKeepWorkFolder = false;
+    QString strFailedFileName;
+    QString strFailedFilePath;
+    QStringList lstSameFormat;
+    int nRowTotal = 0;
+    int nRowUnchecked = 0;
+
+    StopDlg *pStopDlg = nullptr;
+    MessageDlg *pMessageDlg = nullptr;
+    QuestionDlg *pQuestionDlg = nullptr;
+    CloseApplicationDlg *pCloseApplicationDlg = nullptr;
+    repairFinishDialog *pRepairFinishDlg = nullptr;
+    QMenu *pLanguageMenu = nullptr;
+    QMenu *pLanguageMenu2 = nullptr;
+
+public Q_SLOTS:
+    void OnTimerSlot();
+
+    void LoadEnglishLanguages();
+    void LoadGermanLanguages();
+    void LoadFrenchLanguages();
+    void LoadItalianLanguages();
+    void LoadSpanishLanguages();
+    void LoadChineseLanguages();
+    void LoadJapaneseLanguages();
+    void LoadKoreanLanguages();
+    void LoadDutchLanguages();
+    void LoadBrazilLanguages();
+    void LoadHindiLanguages();
+    void LoadEnglishLanguages2();
+    void LoadGermanLanguages2();
+    void LoadFrenchLanguages2();
+    void LoadItalianLanguages2();
+    void LoadSpanishLanguages2();
+    void LoadChineseLanguages2();
+    void LoadJapaneseLanguages2();
+    void LoadKoreanLanguages2();
+    void LoadDutchLanguages2();
+    void LoadBrazilLanguages2();
+    void LoadHindiLanguages2();
+
+    void UiInit();
+    void Init();
+    void CreateMenuBar();
+    void CreateMenuBar2();
+    void OpenHelp();
+    void CloseProcess();
+    void MinimiseWin();
+    void OnMenuProduct();
+    void OnSecondMenuProduct();
+
+    // The add page.
+    void OnAddMOVFile();
+    void OnRemoveMOVFile();
+    void OnCheckBoxbtnClicked(bool checked);
+    void OnItemClicked(QTreeWidgetItem *pItem, int nCol);
+    void ChangeDestPath();
+
+    // The run.
+    void OnRepairMOVFiles();
+    void OnRepairItemClicked(QTreeWidgetItem *pItem, int ncol);
+    void OnSelectAllClicked(bool checked);
+    void OnStop();
+    void OnStopProcess();
+    void OnRunProcess();
+    void OnBackBtnClicked();
+    void OnRepairRefrenceFile();
+    bool TwoRepairedValidFilesCreated(QString strRepairedPath);
+
+    // The worker's signals.
+    void OndisableAddReferenceBtn();
+    void OnFileNameLabel(const QString &name);
+    void OnWriteStatus(bool bRepaired, bool hasVideo_Strh, const QString &FileName, bool bDefaultCode);
+    void OnWriteAVIFileStatus(bool hasVideo_Strh, const QString &FileName);
+    void OnWriteProcessingStatus(const QString &name);
+    void OnShowProgressBar();
+    void OnSetProgressBarRange(qint64 range);
+    void OnsetProgressvalue(qint64 value);
+    void OnShowOverAllProgressBar();
+    void OnOverAllProgressBarMax(int files);
+    void OnOverAllProgressValue(int nFile, int nPercent, int nFiles);
+    void OnRepairFinish();
+    void OnProcessAborted();
+    void OnProcessAborted1();
+
+    // Preview, saving, about and update come with their own dialogs later.
+    void OnClickPreviewBtn(unsigned int id);
+    void OnDoubleClicked(QTreeWidgetItem *pItem, int nCol);
+    void OnClickedSaveButton();
+    void OnAboutBtnClicked();
+    void onUpdateWizard();
+
+protected:
+    // Where a run starts; tests replace it to drive the rows by hand.
+    virtual void StartRun(const QStringList &list, bool sampleRun);
+    // Free bytes of the volume mounted at rootPath.
+    virtual qint64 BytesAvailable(const QString &rootPath) const;
+
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    enum class PageText { None, Repairing, Completed, AdvanceRunning };
+
+    void ChangeLanguage(int n);
+    void TickLanguageMenus();
+    QMenu *BuildLanguageMenu(QPushButton *button, bool secondPage);
+    void RetranslateAll();
+    void RetranslateRows();
+    void ApplyColumnWidths();
+    void SetUpFileList();
+    void SetUpRepairList();
+    void ShowLocationLine();
+    void SetPageText(PageText text);
+    void SetElidedText(QLabel *label, const QString &text);
+    void PlaceAfter(QWidget *left, QWidget *right, int gap);
+    void ShowStrip(int page, bool shown);
+
+    bool IsListed(const QString &path) const;
+    void AddFileRow(const QString &path);
+    static void ApplyTriState(QCheckBox *box, int rows, int checked);
+
+    RowButtonRec *RecordOf(int row) const;
+    void SetRowStatus(QTreeWidgetItem *item, RowStatus status, const QColor &colour,
+                      Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
+    void SetRowButton(CustomButton *button, RowAction action, const QString &alignCss, const QColor &colour);
+    void HideRowButton(CustomButton *button);
+    QString ResultFileOf(const QTreeWidgetItem *item) const;
+    void ShowAwaitingInBlue(QTreeWidgetItem *item, CustomButton *button);
+    void ClearRepairRows();
+    void BeginRun(const QStringList &list, bool sampleRun);
+    bool CheckFreeSpace();
+    void AbortedCommon();
+    void ResetToList();
+    void ClearRunWork();
+    void ExitCleanup();
+
+    ThreadVideoRepair m_repairThread;
+    WorkFolderLedger m_workFolders;
+    QTimer *pFadeTimer = nullptr;
+    double m_fadeOpacity = 0.0;
+    bool m_dragging = false;
+    QPoint m_dragOffset;
+    int m_progressShift = 0;
+    PageText m_pageText = PageText::None;
+    QString m_currentFileName;
+    int m_overallFile = -1, m_overallFiles = 0;
+    bool m_ffmpegNoticeShown = false;
+    bool bAdvanceClicked = false;     // for help; set by the sample dialogs
+    bool bPreviewOrSaveUsed = false;  // for help; set by preview and saving
+};

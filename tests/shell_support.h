@@ -1,0 +1,126 @@
+#pragma once
+// Helpers of the window tests: a private settings store, a window whose run
+// start and free space can be replaced, and an answerer for modal dialogs.
+
+#include "Dialogs.h"
+#include "Startup.h"
+#include "VideoRepairWindow.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QPushButton>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QtTest>
+#include <functional>
+
+// The settings store and the translation folder must be set before the
+// application object exists, so these tests bring their own main.
+#define VM_SHELL_TEST_MAIN(TestClass)                                     \
+    int main(int argc, char **argv)                                       \
+    {                                                                     \
+        QTemporaryDir configHome;                                         \
+        qputenv("XDG_CONFIG_HOME", configHome.path().toUtf8());           \
+        QApplication app(argc, argv);                                     \
+        shellApp.strAppDir = QStringLiteral(VM_SHELL_DIR);                \
+        TestClass tc;                                                     \
+        return QTest::qExec(&tc, argc, argv);                             \
+    }
+
+// A window whose runs are recorded, and optionally really started.
+class TestWindow : public VideoRepairWindow
+{
+public:
+    struct Run
+    {
+        QStringList list;
+        bool sample;
+    };
+    QList<Run> runs;
+    bool realRun = false;
+    qint64 freeBytes = -1; // -1: ask the volume
+
+protected:
+    void StartRun(const QStringList &list, bool sampleRun) override
+    {
+        runs << Run{list, sampleRun};
+        if (realRun)
+            VideoRepairWindow::StartRun(list, sampleRun);
+    }
+    qint64 BytesAvailable(const QString &rootPath) const override
+    {
+        return freeBytes >= 0 ? freeBytes : VideoRepairWindow::BytesAvailable(rootPath);
+    }
+};
+
+// Answers every modal dialog that comes up, in order: the next queued
+// answer, else the OK or Yes button. Keeps "title | text" of each.
+class DialogAnswerer : public QObject
+{
+public:
+    using Answer = std::function<void(QWidget *)>;
+    QStringList seen;
+
+    DialogAnswerer()
+    {
+        connect(&m_timer, &QTimer::timeout, this, &DialogAnswerer::poll);
+        m_timer.start(10);
+    }
+    void queue(const Answer &a) { m_answers << a; }
+    void queueButton(const QString &objectName)
+    {
+        queue([objectName](QWidget *d) { click(d, objectName); });
+    }
+    static void click(QWidget *dialog, const QString &objectName)
+    {
+        if (auto *b = dialog->findChild<QPushButton *>(objectName))
+            b->click();
+        else
+            QFAIL(qPrintable("no button " + objectName));
+    }
+    static QString describe(QWidget *w)
+    {
+        if (auto *p = qobject_cast<PromptDialog *>(w))
+            return p->Title() + " | " + p->Text();
+        if (auto *f = qobject_cast<repairFinishDialog *>(w))
+            return f->TitleLabl->text() + " | " + f->TextLabl->text();
+        if (auto *s = qobject_cast<InsufficientSpaceDlg *>(w))
+            return s->TitleLabl->text() + " | " + s->label->text() + s->label_4->text() + s->repairedLabl->text();
+        return w->metaObject()->className();
+    }
+
+private:
+    void poll()
+    {
+        QWidget *w = QApplication::activeModalWidget();
+        // The stop question is window-modal and answered by the tests themselves.
+        if (!w || !w->isVisible() || w == m_last || qobject_cast<StopDlg *>(w))
+            return;
+        m_last = w;
+        seen << describe(w);
+        const Answer a = m_answers.isEmpty() ? Answer() : m_answers.takeFirst();
+        QTimer::singleShot(0, w, [w, a] {
+            if (a)
+                a(w);
+            else if (w->findChild<QPushButton *>("OkBtn") && w->findChild<QPushButton *>("OkBtn")->isVisible())
+                click(w, "OkBtn");
+            else
+                click(w, "YesBtn");
+        });
+        // The same dialog object may come again later; forget it once hidden.
+        QTimer::singleShot(50, this, [this] { m_last = nullptr; });
+    }
+
+    QTimer m_timer;
+    QList<Answer> m_answers;
+    QWidget *m_last = nullptr;
+};
+
+inline void writeFile(const QString &path, qint64 size)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(QByteArray(int(size), 'x'));
+}
