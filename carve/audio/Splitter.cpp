@@ -367,6 +367,18 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         case State::First: {
             state = State::End;
             while (pos < size && !s.bStopRepair) {
+                const quint8 *b = f.peek(pos, carve::kPaddingOuter);
+                const bool plain = b && b[0] != 0 && b[0] != 0xFF && b[0] != 'm' && b[0] != 't';
+                if (plain) {
+                    // Neither blank, nor a fragment tag, nor a length prefix: only sound can start here.
+                    if (audioAt(pos)) {
+                        s.bAudioFirst = true;
+                        state = State::Audio;
+                        break;
+                    }
+                    ++pos;
+                    continue;
+                }
                 if (padding(pos, carve::kPaddingOuter)) {
                     pos += carve::kPaddingOuter;
                     progress(pos);
@@ -446,6 +458,13 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         state = State::Audio;
                         decided = true;
                         break;
+                    }
+                    // No length prefix (00), blank (00/FF) or moov can start here.
+                    if (const quint8 *b = f.peek(q, carve::kPaddingInner)) {
+                        if (b[0] != 0 && b[0] != 0xFF && b[0] != 'm') {
+                            ++q;
+                            continue;
+                        }
                     }
                     if (test(row.run, q)) {
                         const quint32 L2 = f.be32(q);
@@ -528,7 +547,20 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             quint64 p = pos + 1;
             bool toVideo = false;
             while (p < size && !s.bStopRepair) {
-                if (audioAt(p)) {
+                // One look at the bytes here decides for most positions: no head,
+                // no length prefix (00), no blank (00/FF) and no tag behind.
+                const quint8 *b = f.peek(p, carve::kPaddingInner);
+                const bool head = b ? heads->match(b) : audioAt(p) != 0;
+                if (!head && b && b[0] != 0 && b[0] != 0xFF) {
+                    switch (b[4]) {
+                    case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
+                        break;
+                    default:
+                        ++p;
+                        continue;
+                    }
+                }
+                if (head) {
                     quint64 n = p - start;
                     writeAdts(start, n >= audio::kMaxAdtsPayload + 1 ? s.nAvgAudioFrame : n);
                     start = p;
