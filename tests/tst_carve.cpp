@@ -408,6 +408,11 @@ private Q_SLOTS:
         QTemporaryDir work;
         // An HEVC sample names a chain that isn't built: the file keeps waiting.
         QCOMPARE(repair(noMoov, hevc, work.path()).status, QString("Awaiting Action"));
+        // A sample of another frame size: its parameter sets don't fit the
+        // frames, but the run still ends with a verdict and a playable file.
+        VM_FIXTURE(wide, fixtures::healthy("carve_wide_sample.mov"));
+        const Cli w = repair(noMoov, wide, work.path());
+        QVERIFY(w.status == "Completed" || w.status == "Failed");
         // Random bytes as a sample: nothing to learn, no result.
         const QString noise = work.filePath("noise.mov");
         QByteArray bytes(300000, '\0');

@@ -99,6 +99,8 @@ const QVector<Row> &table()
         {"carve_aud_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}},
         {"carve_slices.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
         {"carve_slices_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
+        {"carve_wide_sample.mov", QStringList{"-f", "lavfi", "-i", "smptebars=size=640x360:rate=30:duration=3"}
+                                      + kCamSampleNoise48 + kCamX264 + kCamAac},
         {"carve_hevc_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
         // Elementary streams, as the carvers leave them in the work folder.
         {"es.h264", kVideo + kX264},
