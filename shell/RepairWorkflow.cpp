@@ -11,9 +11,12 @@
 #include "Startup.h"
 #include "mux/FfmpegRunner.h"
 
+#include <QDesktopServices>
+#include <QUrl>
 #include <QDir>
 #include <QFileInfo>
 #include <QMap>
+#include <QSettings>
 #include <QProcess>
 #include <QStorageInfo>
 #include <climits>
@@ -826,6 +829,7 @@ void VideoRepairWindow::OnRepairRefrenceFile()
     UpdateBtn_1->setEnabled(false);
     UpdateBtn_2->setEnabled(false);
     PercentLabl->setText("0%");
+    pReferenceFileDlg->hide();
 
     QStringList list;
     if (!bApplyToAll) {
@@ -864,4 +868,74 @@ void VideoRepairWindow::OnRepairRefrenceFile()
         if (list.contains(pRepairList->topLevelItem(i)->text(rcSource)))
             pRepairList->topLevelItem(i)->setCheckState(rcName, Qt::Checked);
     BeginRun(list, true);
+}
+
+// --- The sample dialogs ---
+
+void VideoRepairWindow::OnClickPreviewBtn(unsigned int id)
+{
+    lstPendingPaths.clear();
+    const int rows = qMin(lstRowButtons.size(), pRepairList->topLevelItemCount());
+    for (int i = 0; i < rows; ++i) {
+        RowButtonRec *rec = lstRowButtons.at(i);
+        if (rec->nID != id)
+            continue;
+        QTreeWidgetItem *item = pRepairList->topLevelItem(i);
+        const QString verdict = item->text(rcVerdict);
+        if (verdict == "1") {
+            PlayFile(ResultFileOf(item));
+        } else if (verdict == "0") {
+            strFailedFileName = item->text(rcName);
+            lstPendingPaths << rec->strSourcePath;
+        }
+        break;
+    }
+    if (lstPendingPaths.isEmpty())
+        return;
+
+    bAdvanceClicked = true;
+    pReferenceFileDlg->Prepare();
+    AdvancedRepairDlg dlg(this, lstPendingPaths.first());
+    strFailedFilePath = dlg.strFailedFilePath;
+    connect(&dlg, &AdvancedRepairDlg::NextDialog, this, &VideoRepairWindow::OnclickedNextDialog);
+    connect(&dlg, &AdvancedRepairDlg::LearnMore, this, &VideoRepairWindow::onlearnmorelinkclicked);
+    pAdvancedRepairDlg = &dlg;
+    dlg.CentreOnScreen();
+    dlg.exec();
+    pAdvancedRepairDlg = nullptr;
+}
+
+void VideoRepairWindow::OnclickedNextDialog()
+{
+    if (pAdvancedRepairDlg)
+        pAdvancedRepairDlg->hide();
+    pReferenceFileDlg->OpenChooseVideo();
+}
+
+void VideoRepairWindow::onlearnmorelinkclicked()
+{
+    const languages::Language *lang = languages::ByType(nLanguage);
+    const QString code = QString::fromLatin1(lang ? lang->folder : "EN");
+    const QString url = startup::OpenSettings()->value(code + "/Learn_more").toString();
+    if (!url.isEmpty())
+        QDesktopServices::openUrl(QUrl(url));
+}
+
+void VideoRepairWindow::OnRefe_CheckBoxClicked()
+{
+    lstSameFormat.clear();
+    bApplyToAll = pReferenceFileDlg->refe_CheckBox->isChecked();
+    QString sampleFormat;
+    if (!pReferenceFileDlg->strSamplePathCopy.isEmpty())
+        sampleFormat = QFileInfo(pReferenceFileDlg->strSamplePathCopy).suffix().toUpper();
+    // By the name's suffix alone: what the sample is worth is the run's to find out.
+    for (int i = 0; i < pRepairList->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *item = pRepairList->topLevelItem(i);
+        if (item->text(rcVerdict) != "0")
+            continue;
+        const QString source = item->text(rcSource);
+        const QString format = QFileInfo(source).suffix().toUpper();
+        if (format == sampleFormat || (format == "RSV" && (sampleFormat == "MP4" || sampleFormat == "MOV")))
+            lstSameFormat << source;
+    }
 }

@@ -174,6 +174,10 @@ void VideoRepairWindow::UiInit()
     pQuestionDlg = new QuestionDlg(this);
     pCloseApplicationDlg = new CloseApplicationDlg(this);
     pRepairFinishDlg = new repairFinishDialog(this);
+    pReferenceFileDlg = new ReferenceFileDlg(this, QString());
+    pReferenceRepairedDlg = new ReferenceRepairedDlg(this);
+    pSaveDlg = new SaveDlgClass(this);
+    pPlayerProcess = startup::PlayerProcess();
 
     for (QWidget *w : std::initializer_list<QWidget *>{label_6, label_7, MainString_labl, chnageLoc_Labl,
                                                        ChnageLoc_Btn, SelectAllBtn, AddFileBtn, Frame1_ListLabl_2,
@@ -201,6 +205,19 @@ void VideoRepairWindow::UiInit()
     connect(saveBtn, &QPushButton::clicked, this, &VideoRepairWindow::OnClickedSaveButton);
     connect(BackBtn, &QPushButton::clicked, this, &VideoRepairWindow::OnBackBtnClicked);
     connect(Select_All, &QCheckBox::clicked, this, &VideoRepairWindow::OnSelectAllClicked);
+
+    // The sample dialog.
+    connect(pReferenceFileDlg->refe_CheckBox, &QCheckBox::clicked, this, &VideoRepairWindow::OnRefe_CheckBoxClicked);
+    connect(pReferenceFileDlg->RefRepairBtn, &QPushButton::clicked, this, &VideoRepairWindow::OnRepairRefrenceFile);
+    connect(pReferenceFileDlg, &ReferenceFileDlg::SampleChosen, &m_repairThread, &ThreadVideoRepair::SetSampleFile);
+    connect(pReferenceFileDlg, &ReferenceFileDlg::Cancelled, this, [this] { bApplyToAll = false; });
+
+    // Saving.
+    connect(pSaveDlg, &SaveDlgClass::SavedMsg, this, &VideoRepairWindow::OnSavedMsg);
+    connect(pSaveDlg, &SaveDlgClass::CustomLocation, this, &VideoRepairWindow::OnCustomLocation);
+    connect(pSaveDlg, &SaveDlgClass::KeepWorkFolder, this, [this](bool keep) { bKeepWorkFolder = keep; });
+    connect(&m_saveThread, &ThreadFileSaving::ProgressValue, this, &VideoRepairWindow::OnProgressValue);
+    connect(&m_saveThread, &ThreadFileSaving::ProgressFinish, this, &VideoRepairWindow::OnProgressFinish);
 
     // Toolbars of both pages.
     for (QPushButton *b : {closeBtn, closeBtn_2})
@@ -701,7 +718,7 @@ void VideoRepairWindow::ExitCleanup()
 
 void VideoRepairWindow::closeEvent(QCloseEvent *event)
 {
-    if (pApp.bRepairRunning || m_repairThread.isRunning()) {
+    if (pApp.bRepairRunning || m_repairThread.isRunning() || bSaving || m_saveThread.isRunning()) {
         pRepairFinishDlg->ShowResult(
             UiText("VideoRepairWindow", QT_TR_NOOP("Exit")),
             UiText("VideoRepairWindow", QT_TR_NOOP("Application Running! \nPlease halt the current process to Exit.")));
@@ -761,8 +778,5 @@ void VideoRepairWindow::mouseReleaseEvent(QMouseEvent *event)
 
 // --- Later dialogs: wired now, filled in with their own features ---
 
-void VideoRepairWindow::OnClickPreviewBtn(unsigned int) {}
-void VideoRepairWindow::OnDoubleClicked(QTreeWidgetItem *, int) {}
-void VideoRepairWindow::OnClickedSaveButton() {}
 void VideoRepairWindow::OnAboutBtnClicked() {}
 void VideoRepairWindow::onUpdateWizard() {}

@@ -5,17 +5,30 @@
 
 #include "Dialogs.h"
 #include "MyTreeWidget.h"
+#include "SampleDialogs.h"
+#include "SaveDialogs.h"
 #include "WorkFolders.h"
 #include "repair/ThreadVideoRepair.h"
 #include "ui_VideoRepairWin.h"
 
 #include <QList>
+#include <QMap>
 #include <QPoint>
 #include <QStringList>
 #include <QWidget>
 
 class QMenu;
+class QProcess;
 class QTimer;
+
+// Room on one volume for the files of a save.
+struct VolumeResult
+{
+    QString strRootPath;
+    quint64 ullAvailable = 0;
+    quint64 ullRequired = 0;
+    bool bEnough = true;
+};
 
 struct RowButtonRec
 {
@@ -82,6 +95,12 @@ public:
     QuestionDlg *pQuestionDlg = nullptr;
     CloseApplicationDlg *pCloseApplicationDlg = nullptr;
     repairFinishDialog *pRepairFinishDlg = nullptr;
+    AdvancedRepairDlg *pAdvancedRepairDlg = nullptr; // while one is open
+    ReferenceFileDlg *pReferenceFileDlg = nullptr;
+    ReferenceRepairedDlg *pReferenceRepairedDlg = nullptr;
+    SaveDlgClass *pSaveDlg = nullptr;
+    QProcess *pPlayerProcess = nullptr;
+    bool bSaving = false;
     QMenu *pLanguageMenu = nullptr;
     QMenu *pLanguageMenu2 = nullptr;
 
@@ -155,10 +174,26 @@ public Q_SLOTS:
     void OnProcessAborted();
     void OnProcessAborted1();
 
-    // Preview, saving, about and update come with their own dialogs later.
+    // The sample dialogs.
     void OnClickPreviewBtn(unsigned int id);
+    void OnclickedNextDialog();
+    void onlearnmorelinkclicked();
+    void OnRefe_CheckBoxClicked();
+
+    // Preview.
+    void PlayFile(const QString &path);
     void OnDoubleClicked(QTreeWidgetItem *pItem, int nCol);
+    void OnQuickLookSlot();
+
+    // Saving.
     void OnClickedSaveButton();
+    void OnSavedMsg();
+    void OnUnhide();
+    void OnCustomLocation(const QString &strPath);
+    void OnProgressValue(unsigned int n);
+    void OnProgressFinish();
+
+    // About and update come with their own dialogs later.
     void OnAboutBtnClicked();
     void onUpdateWizard();
 
@@ -167,6 +202,10 @@ protected:
     virtual void StartRun(const QStringList &list, bool sampleRun);
     // Free bytes of the volume mounted at rootPath.
     virtual qint64 BytesAvailable(const QString &rootPath) const;
+public:
+    QMap<QString, VolumeResult> CheckDestinationSpace(const QStringList &list, const QString &strDestination) const;
+    ThreadFileSaving &SavingThread() { return m_saveThread; }
+protected:
 
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
@@ -209,9 +248,14 @@ private:
     void ResetToList();
     void ClearRunWork();
     void ExitCleanup();
+    // The run's folders: where results are made, and removed at exit.
+    bool IsInsideWorkFolder(const QString &folder) const;
+    void ShowRowsAfterSaving();
+    void StartPlayer(const QStringList &arguments);
 
     ThreadVideoRepair m_repairThread;
     WorkFolderLedger m_workFolders;
+    ThreadFileSaving m_saveThread;
     QTimer *pFadeTimer = nullptr;
     double m_fadeOpacity = 0.0;
     bool m_dragging = false;

@@ -19,6 +19,8 @@ public:
     // that was never noted is left alone.
     void Clear(const QString &repairedFolder);
     void ClearAll();
+    // Leaves the folder to the user as it stands: it is no longer cleared.
+    void Forget(const QString &repairedFolder) { m_entries.remove(Key(repairedFolder)); }
     QStringList Folders() const { return m_entries.keys(); }
 
 private:

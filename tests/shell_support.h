@@ -5,6 +5,7 @@
 #include "Dialogs.h"
 #include "Startup.h"
 #include "VideoRepairWindow.h"
+#include "repair/WorkFolder.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -124,3 +125,34 @@ inline void writeFile(const QString &path, qint64 size)
     QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
     f.write(QByteArray(int(size), 'x'));
 }
+
+inline void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    f.write(bytes);
+}
+
+// A finished run by hand: every source repaired, its result written after the
+// run noted its folders (so that the result counts as the program's work).
+inline void finishedRun(TestWindow &w, DialogAnswerer &answers, const QStringList &sources)
+{
+    w.AddFiles(sources);
+    w.OnRepairMOVFiles();
+    for (int i = 0; i < w.pRepairList->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = w.pRepairList->topLevelItem(i);
+        QString out = item->text(1);
+        if (out.endsWith(".DAT"))
+            out = out.left(out.size() - 4) + ".mov";
+        if (out.endsWith(".RSV"))
+            out = out.left(out.size() - 4) + ".mp4";
+        QDir().mkpath(QFileInfo(out).path());
+        writeBytes(out, QByteArray(4096 + i, char('a' + i)));
+        workfolder::MarkHidden(QFileInfo(QFileInfo(out).path()).path());
+        Q_EMIT w.RepairThread().WriteProcessingStatus(item->text(0));
+        Q_EMIT w.RepairThread().WriteStatus(true, false, item->text(0), false);
+    }
+    Q_EMIT w.RepairThread().RepairFinish();
+    answers.seen.clear();
+}
+

@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cstdio>
+#include <sys/stat.h>
 
 class TestBufferedReader : public QObject
 {
@@ -121,6 +122,9 @@ private Q_SLOTS:
         BufferedReader r;
         QVERIFY(!r.open(m_dir.filePath("missing")));
         QVERIFY(!r.open(m_dir.path())); // a folder is not a file
+        const QByteArray fifo = QFile::encodeName(m_dir.filePath("fifo"));
+        QCOMPARE(::mkfifo(fifo.constData(), 0600), 0);
+        QVERIFY(!r.open(m_dir.filePath("fifo"))); // refused at once, no writer awaited
         char b[4] = {1, 2, 3, 4};
         QCOMPARE(r.readAt(0, b, 4), size_t(0));
         QCOMPARE(QByteArray(b, 4), QByteArray(4, '\0'));

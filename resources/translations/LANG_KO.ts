@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="ko_KR">
 <context>
+    <name>AdvancedRepairDlg</name>
+    <message>
+        <source>Add Sample Video</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Advance Repair&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use this option to repair severely damaged videos. &lt;/p&gt;&lt;p&gt;Click &amp;quot;Next&amp;quot; to add a &apos;sample video&apos; of the same format, shot using the same device.&lt;/p&gt;&lt;p&gt;The sample and the damaged video remain unchanged during repair process.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Next</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Learn More</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>CloseApplicationDlg</name>
     <message>
         <source>Yes</source>
@@ -130,6 +153,79 @@
     </message>
     <message>
         <source>No</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceFileDlg</name>
+    <message>
+        <source>Choose Video</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add a sample video:</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repair</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Apply to all files of same format.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Add File</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ReferenceRepairedDlg</name>
+    <message>
+        <source>Video file repaired successfully!</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>SaveDlgClass</name>
+    <message>
+        <source>Save Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save repaired file at source location.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save file at custom location.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Browse</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Save</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Select Folder</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
@@ -470,6 +566,72 @@ Please halt the current process to Exit.</source>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>File Not Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The repaired file is no longer there:
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Player Not Found</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Preview needs MPlayer, which could not be started.
+Install it with: sudo apt-get install mplayer</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Saving Complete</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Repaired files saved successfully.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files Not Saved</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>These files could not be saved:
+%1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Wait while repaired files are being saved.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No Files Selected.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Choose Another Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>This folder holds the program&apos;s work files and is removed at exit.
+Choose another folder to save the repaired files.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cannot Save Here</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Files can&apos;t be written to this folder:
+%1
+Choose another folder.</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
