@@ -384,54 +384,40 @@ QString mdatSize64(const QString &src)
 
 QString cutAt(const QString &src, int percent)
 {
-    const QString dest = QStringLiteral("%1.cut%2.%3").arg(QFileInfo(src).path() + "/" + QFileInfo(src).completeBaseName())
-                             .arg(percent).arg(QFileInfo(src).suffix());
-    if (QFileInfo(dest).size() > 0 && QFileInfo(dest).lastModified() >= QFileInfo(src).lastModified())
+    const QString dest = derivedPath(src, QStringLiteral("cut%1").arg(percent));
+    if (upToDate(dest, src))
         return dest;
     QByteArray data = readAll(src);
     if (data.isEmpty())
         return {};
     data.truncate(int(qint64(data.size()) * percent / 100));
-    QSaveFile f(dest);
-    if (!f.open(QIODevice::WriteOnly) || f.write(data) != data.size() || !f.commit())
-        return {};
-    return dest;
+    return writeAtomically(dest, data) ? dest : QString();
 }
 
 QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset)
 {
+    constexpr int kBlock = 64 << 10;
+    // Centred in the media data and wholly inside it; worked out before the
+    // cache is asked, so the caller learns the place either way.
     const QList<Atom> atoms = topLevelAtoms(src);
-    quint64 mdatStart = 0, mdatSize = 0;
-    for (const Atom &a : atoms)
-        if (a.type == "mdat") {
-            mdatStart = a.offset;
-            mdatSize = a.size;
-        }
-    constexpr quint64 kBlock = 64 << 10;
-    if (mdatSize < kBlock + (16 << 10))
+    const Atom *mdat = findAtom(atoms, "mdat");
+    if (!mdat || mdat->size < quint64(kBlock + (16 << 10)))
         return {};
-    // Centred in the media data, and wholly inside it.
-    const quint64 at = mdatStart + (mdatSize - kBlock) / 2;
+    const quint64 at = mdat->offset + (mdat->size - kBlock) / 2;
     if (damageOffset)
         *damageOffset = at;
-    const QString dest = QStringLiteral("%1.%2.%3").arg(QFileInfo(src).path() + "/" + QFileInfo(src).completeBaseName())
-                             .arg(random ? "random" : "zeros").arg(QFileInfo(src).suffix());
-    if (QFileInfo(dest).size() > 0 && QFileInfo(dest).lastModified() >= QFileInfo(src).lastModified())
-        return dest;
-    QByteArray data = readAll(src);
-    QByteArray block(64 << 10, '\0');
-    if (random) {
+    return damaged(src, random ? "random" : "zeros", "mdat", [&](QByteArray &data, const Atom &, const QList<Atom> &) {
+        QByteArray block(kBlock, '\0');
         quint32 x = 2463534242u; // fixed, so reruns damage alike
-        for (int i = 0; i < block.size(); ++i) {
-            x ^= x << 13; x ^= x >> 17; x ^= x << 5;
+        for (int i = 0; random && i < block.size(); ++i) {
+            x ^= x << 13;
+            x ^= x >> 17;
+            x ^= x << 5;
             block[i] = char(x & 0xFF);
         }
-    }
-    data.replace(int(at), block.size(), block);
-    QSaveFile f(dest);
-    if (!f.open(QIODevice::WriteOnly) || f.write(data) != data.size() || !f.commit())
-        return {};
-    return dest;
+        data.replace(int(at), block.size(), block);
+        return true;
+    });
 }
 
 QString emptyFile(const QString &name)
