@@ -1,5 +1,6 @@
 #include "cli/CliRun.h"
 
+#include "repair/RowFile.h"
 #include "repair/SavedCopy.h"
 #include "repair/WorkFolder.h"
 
@@ -18,10 +19,6 @@ const char *const CliRun::kAwaiting = "Awaiting Action";
 const char *const CliRun::kFailed = "Failed";
 const char *const CliRun::kAborted = "Aborted";
 
-namespace {
-// Results smaller than this are headers without media: a failed mux.
-constexpr qint64 kMinResultBytes = 2048;
-}
 
 CliRun::CliRun(const CliOptions &opt, QObject *parent) : QObject(parent), m_opt(opt)
 {
@@ -44,19 +41,6 @@ CliRun::CliRun(const CliOptions &opt, QObject *parent) : QObject(parent), m_opt(
             [this](int f, int p, int n) { m_file = f; m_percent = p; m_files = n; drawProgress(); },
             Qt::DirectConnection);
     m_drawClock.start();
-}
-
-QString CliRun::fileOfRow(const QString &output)
-{
-    // A DAT source is finished as .mov and an RSV source as .mp4.
-    const QFileInfo info(output);
-    const QString suffix = info.suffix().toUpper();
-    const QString stem = info.fileName().section('.', 0, 0);
-    if (suffix == "DAT")
-        return info.path() + "/" + stem + ".mov";
-    if (suffix == "RSV")
-        return info.path() + "/" + stem + ".mp4";
-    return output;
 }
 
 void CliRun::onProcessing()
@@ -143,9 +127,8 @@ void CliRun::finishRows(bool aborted)
             continue;
         }
         if (r.verdict == 1) {
-            const QFileInfo result(fileOfRow(r.output));
-            r.output = result.filePath();
-            r.status = result.exists() && result.size() >= kMinResultBytes ? kCompleted : kFailed;
+            r.output = FileOfRow(r.output, r.name);
+            r.status = IsUsableResult(r.output) ? kCompleted : kFailed;
         } else if (r.verdict == 0) {
             r.status = kAwaiting;
         } else if (r.stage != Stage::Queued) {

@@ -57,7 +57,6 @@ private:
     void finishRows(bool aborted);
     void printFinal(bool all);
     void drawProgress();
-    static QString fileOfRow(const QString &output);
 
     CliOptions m_opt;
     ThreadVideoRepair m_thread;

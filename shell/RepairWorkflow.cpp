@@ -6,7 +6,7 @@
 
 #include "Languages.h"
 #include "Look.h"
-#include "RowFile.h"
+#include "repair/RowFile.h"
 #include "SizeText.h"
 #include "Startup.h"
 #include "mux/FfmpegRunner.h"

@@ -4,7 +4,7 @@
 #include "VideoRepairWindow.h"
 
 #include "Look.h"
-#include "RowFile.h"
+#include "repair/RowFile.h"
 #include "SizeText.h"
 #include "Startup.h"
 #include "repair/WorkFolder.h"

@@ -1,4 +1,4 @@
-#include "RowFile.h"
+#include "repair/RowFile.h"
 
 #include "repair/RepairState.h"
 
