@@ -412,26 +412,42 @@ void VideoRepairWindow::OnWriteStatus(bool bRepaired, bool hasVideo_Strh, const 
         RowButtonRec *rec = RecordOf(i);
         item->setText(rcDefaultCode, bDefaultCode ? "1" : "0");
         if (bRepaired || hasVideo_Strh) {
-            SetRowStatus(item, RowStatus::Completed, kGray);
-            item->setText(rcProgressMark, "2");
-            item->setText(rcVerdict, "1");
-            if (rec)
-                SetRowButton(rec->pButton, RowAction::Preview, "text-align:left;", kGray);
-            ++nRepairedCount;
+            MarkRowRepaired(item, rec);
         } else {
-            SetRowStatus(item, RowStatus::Awaiting, kGray, Qt::AlignLeft | Qt::AlignTop);
-            item->setText(rcVerdict, "0");
-            item->setCheckState(rcName, Qt::Unchecked);
-            if (rec) {
-                SetRowButton(rec->pButton, RowAction::AdvanceRepair, "text-align: top left;", kGray);
-                rec->pButton->setEnabled(true);
-            }
-            ++nAwaitingCount;
+            MarkRowAwaiting(item, rec);
         }
         match = i;
         break;
     }
-    for (int j = 0; j < match; ++j)
+    EnableButtonsAbove(match);
+}
+
+// The two verdicts a processing row can take, shared by both status slots.
+void VideoRepairWindow::MarkRowRepaired(QTreeWidgetItem *item, RowButtonRec *rec)
+{
+    SetRowStatus(item, RowStatus::Completed, kGray);
+    item->setText(rcProgressMark, "2");
+    item->setText(rcVerdict, "1");
+    if (rec)
+        SetRowButton(rec->pButton, RowAction::Preview, "text-align:left;", kGray);
+    ++nRepairedCount;
+}
+
+void VideoRepairWindow::MarkRowAwaiting(QTreeWidgetItem *item, RowButtonRec *rec)
+{
+    SetRowStatus(item, RowStatus::Awaiting, kGray, Qt::AlignLeft | Qt::AlignTop);
+    item->setText(rcVerdict, "0");
+    item->setCheckState(rcName, Qt::Unchecked);
+    if (rec) {
+        SetRowButton(rec->pButton, RowAction::AdvanceRepair, "text-align: top left;", kGray);
+        rec->pButton->setEnabled(true);
+    }
+    ++nAwaitingCount;
+}
+
+void VideoRepairWindow::EnableButtonsAbove(int row)
+{
+    for (int j = 0; j < row; ++j)
         if (RowButtonRec *rec = RecordOf(j))
             rec->pButton->setEnabled(true);
 }
@@ -455,28 +471,14 @@ void VideoRepairWindow::OnWriteAVIFileStatus(bool hasVideo_Strh, const QString &
                     HideRowButton(rec->pButton);
             }
         } else if (hasVideo_Strh) {
-            SetRowStatus(item, RowStatus::Completed, kGray);
-            item->setText(rcProgressMark, "2");
-            item->setText(rcVerdict, "1");
-            if (rec)
-                SetRowButton(rec->pButton, RowAction::Preview, "text-align:left;", kGray);
-            ++nRepairedCount;
+            MarkRowRepaired(item, rec);
         } else {
-            SetRowStatus(item, RowStatus::Awaiting, kGray, Qt::AlignLeft | Qt::AlignTop);
-            item->setText(rcVerdict, "0");
-            item->setCheckState(rcName, Qt::Unchecked);
-            if (rec) {
-                SetRowButton(rec->pButton, RowAction::AdvanceRepair, "text-align: top left;", kGray);
-                rec->pButton->setEnabled(true);
-            }
-            ++nAwaitingCount;
+            MarkRowAwaiting(item, rec);
         }
         match = i;
         break;
     }
-    for (int j = 0; j < match; ++j)
-        if (RowButtonRec *rec = RecordOf(j))
-            rec->pButton->setEnabled(true);
+    EnableButtonsAbove(match);
 }
 
 void VideoRepairWindow::OndisableAddReferenceBtn()

@@ -235,6 +235,9 @@ private:
     static void ApplyTriState(QCheckBox *box, int rows, int checked);
 
     RowButtonRec *RecordOf(int row) const;
+    void MarkRowRepaired(QTreeWidgetItem *item, RowButtonRec *rec);
+    void MarkRowAwaiting(QTreeWidgetItem *item, RowButtonRec *rec);
+    void EnableButtonsAbove(int row);
     void SetRowStatus(QTreeWidgetItem *item, RowStatus status, const QColor &colour,
                       Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter);
     void SetRowButton(CustomButton *button, RowAction action, const QString &alignCss, const QColor &colour);

@@ -18,6 +18,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using fixtures::digest;
+
 namespace {
 struct Probe
 {
@@ -78,13 +80,6 @@ int intactVideo(const QString &healthy, quint64 from, quint64 to, quint64 end)
             ++n;
     }
     return n;
-}
-
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    f.open(QIODevice::ReadOnly);
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1);
 }
 
 struct Cli

@@ -11,6 +11,8 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+using fixtures::digest;
+
 namespace {
 struct Result
 {
@@ -38,12 +40,6 @@ QMap<QString, QString> keyValues(const QString &text)
     return m;
 }
 
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    f.open(QIODevice::ReadOnly);
-    return QCryptographicHash::hash(f.readAll(), QCryptographicHash::Sha1);
-}
 } // namespace
 
 class TestCli : public QObject

@@ -11,17 +11,9 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
-namespace {
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    QCryptographicHash h(QCryptographicHash::Sha1);
-    h.addData(&f);
-    return h.result();
-}
+using fixtures::digest;
 
+namespace {
 struct Verdict
 {
     QString name;

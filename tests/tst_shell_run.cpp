@@ -10,17 +10,9 @@
 #include <QSemaphore>
 #include <QSignalSpy>
 
-namespace {
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    QCryptographicHash h(QCryptographicHash::Sha1);
-    h.addData(&f);
-    return h.result();
-}
+using fixtures::digest;
 
+namespace {
 QStringList column(QTreeWidget *list, int c)
 {
     QStringList out;

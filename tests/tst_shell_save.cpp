@@ -14,18 +14,11 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include "support/Fixtures.h"
+
+using fixtures::digest;
 
 namespace {
-QByteArray digest(const QString &path)
-{
-    QFile f(path);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    QCryptographicHash h(QCryptographicHash::Sha1);
-    h.addData(&f);
-    return h.result();
-}
-
 
 QStringList entries(const QString &folder)
 {

@@ -1,6 +1,7 @@
 #include "Fixtures.h"
 
 #include <QCoreApplication>
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
@@ -292,6 +293,16 @@ void putBE32(QByteArray &data, quint64 at, quint32 v)
 }
 
 } // namespace
+
+QByteArray digest(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return {};
+    QCryptographicHash h(QCryptographicHash::Sha1);
+    h.addData(&f);
+    return h.result();
+}
 
 QString dir()
 {

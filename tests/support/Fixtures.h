@@ -71,6 +71,9 @@ struct Atom {
 };
 QList<Atom> topLevelAtoms(const QString &path);
 
+// SHA-1 of a file's bytes (empty when it can't be read): "unchanged" checks.
+QByteArray digest(const QString &path);
+
 } // namespace fixtures
 
 // For QtTest test functions (the test must include <QtTest>):
