@@ -85,6 +85,7 @@ bool BufferedReader::load(quint64 pos)
     m_winPos = start;
     m_winLen = preadFull(m_fd, m_buf.get(), want, start);
     ++m_diskReads;
+    m_diskBytes += m_winLen;
     return pos - m_winPos < m_winLen;
 }
 
@@ -92,14 +93,16 @@ bool BufferedReader::isFar(quint64 pos) const
 {
     if (m_winLen == 0)
         return false;
-    // Just behind the window or up to half a window beyond it is the walk
-    // moving on; anything else is a look somewhere else.
-    const quint64 end = m_winPos + m_winLen;
-    if (pos >= m_winPos && pos < end + m_bufSize / 2)
+    // A read that starts inside the window and runs past its end is the walk
+    // moving on.
+    if (pos >= m_winPos && pos < m_winPos + m_winLen)
         return false;
-    // A second look right behind the last probe means the scan moved there.
-    if (m_probeLen && pos >= m_probePos && pos < m_probePos + 2 * kProbeBytes && pos >= m_probePos + m_probeLen)
+    // So is a read at the end of the side buffer: the walk went on from a
+    // place it first looked at from afar, and now deserves the window.
+    if (m_probeLen && pos >= m_probePos && pos <= m_probePos + m_probeLen)
         return false;
+    // Anything else is a look somewhere else (a length read ahead), which
+    // must not move the window the walk still needs.
     return true;
 }
 
@@ -114,6 +117,7 @@ const quint8 *BufferedReader::probe(quint64 pos, size_t n)
     m_probePos = start;
     m_probeLen = preadFull(m_fd, m_probe, want, start);
     ++m_diskReads;
+    m_diskBytes += m_probeLen;
     if (pos - m_probePos < m_probeLen && m_probeLen - (pos - m_probePos) >= n)
         return m_probe + (pos - m_probePos);
     return nullptr;
@@ -123,7 +127,9 @@ const quint8 *BufferedReader::peekSlow(quint64 pos, size_t n)
 {
     if (m_fd < 0 || n > m_bufSize / 2 || pos >= m_size || m_size - pos < n)
         return nullptr;
-    if (n <= 1024 && isFar(pos)) {
+    if (n <= kProbeBytes && pos - m_probePos < m_probeLen && m_probeLen - (pos - m_probePos) >= n)
+        return m_probe + (pos - m_probePos);
+    if (n <= kProbeBytes && isFar(pos)) {
         if (const quint8 *p = probe(pos, n))
             return p;
     }
@@ -143,7 +149,8 @@ size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
     size_t done = 0;
     while (done < avail) {
         const quint64 p = pos + done;
-        if (!(p - m_winPos < m_winLen) && avail - done <= 1024 && isFar(p)) {
+        if (!(p - m_winPos < m_winLen) && avail - done <= kProbeBytes
+            && ((p - m_probePos < m_probeLen && m_probeLen - (p - m_probePos) >= avail - done) || isFar(p))) {
             if (const quint8 *src = probe(p, avail - done)) {
                 std::memcpy(out + done, src, avail - done);
                 done = avail;
@@ -151,10 +158,13 @@ size_t BufferedReader::readAt(quint64 pos, void *dst, size_t n)
             }
         }
         if (!(p - m_winPos < m_winLen)) {
-            // A big read past the window goes straight to the disk.
-            if (avail - done >= m_bufSize) {
+            // A big read, or one behind the window (a unit written after the
+            // walk has gone on), goes straight to the disk and leaves the
+            // window where the walk is.
+            if (avail - done >= m_bufSize || (p < m_winPos && avail - done > kProbeBytes)) {
                 const size_t got = preadFull(m_fd, out + done, avail - done, p);
                 ++m_diskReads;
+                m_diskBytes += got;
                 done += got;
                 break;
             }

@@ -34,6 +34,8 @@ public:
     bool isOpen() const { return m_fd >= 0; }
     quint64 size() const { return m_size; }
     const QString &path() const { return m_path; }
+    // The descriptor, for copies the kernel can make file to file.
+    int fd() const { return m_fd; }
 
     // Copies up to n bytes from pos into dst and returns how many the file
     // held; the rest of dst is zeroed.
@@ -93,6 +95,8 @@ public:
 
     // Count of window loads, for tests that prove no position is read twice.
     quint64 diskReads() const { return m_diskReads; }
+    // Bytes those reads brought in.
+    quint64 diskBytes() const { return m_diskBytes; }
 
 private:
     const quint8 *peekSlow(quint64 pos, size_t n);
@@ -112,6 +116,7 @@ private:
     quint64 m_winLen = 0;
     quint64 m_cursor = 0;
     quint64 m_diskReads = 0;
+    quint64 m_diskBytes = 0;
     static constexpr size_t kProbeBytes = 1024;
     quint8 m_probe[kProbeBytes];
     quint64 m_probePos = 0;

@@ -117,6 +117,36 @@ private Q_SLOTS:
         QVERIFY2(r.diskReads() <= windows + 2, qPrintable(QString::number(r.diskReads())));
     }
 
+    void lookAheadsDontMoveTheWindow()
+    {
+        // A splitter's walk: byte steps, a length read up to a few MB ahead now
+        // and then, and a unit copied out from behind once the walk has gone on.
+        // The file should come in about once, whatever the walk does around it.
+        BufferedReader r(512 * 1024);
+        QVERIFY(r.open(m_path));
+        const quint64 size = r.size();
+        QRandomGenerator rng(11);
+        char unit[40000];
+        r.readAt(size - 100, unit, 100); // the window starts at the far end
+        quint64 looks = 0, sum = 0;
+        for (quint64 p = 0; p < size; ++p) {
+            const quint8 *b = r.peek(p, 6);
+            sum += b ? b[4] : 0;
+            if (p % 4096 == 0) {
+                sum += r.be32(p + 4 + rng.bounded(3u << 20));
+                ++looks;
+            }
+            if (p % 65536 == 0 && p >= 50000) {
+                QCOMPARE(r.readAt(p - 50000, unit, sizeof unit), sizeof unit);
+                QCOMPARE(QByteArray(unit, 16), m_data.mid(int(p - 50000), 16));
+            }
+        }
+        Q_UNUSED(sum);
+        const quint64 behind = size / 65536 * sizeof unit;
+        const quint64 bound = size + behind + looks * 1024 + 4 * 512 * 1024;
+        QVERIFY2(r.diskBytes() <= bound, qPrintable(QStringLiteral("%1 read, bound %2").arg(r.diskBytes()).arg(bound)));
+    }
+
     void closedOrMissingReadsZeros()
     {
         BufferedReader r;
