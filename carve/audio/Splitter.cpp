@@ -6,6 +6,7 @@
 #include "carve/audio/AudioConstants.h"
 #include "carve/audio/HeadList.h"
 #include "carve/audio/Mp3Frame.h"
+#include "carve/audio/StreamOut.h"
 #include "carve/video/CarveConstants.h"
 #include "carve/video/CarveFamily.h"
 #include "carve/video/WorkFiles.h"
@@ -51,56 +52,6 @@ const SplitterRow &rowOf(Splitter id)
             return r;
     return kRows[0];
 }
-
-// Appends to a work file through a large buffer; the frames are many and small.
-class StreamOut
-{
-public:
-    explicit StreamOut(QFile *file) : m_file(file)
-    {
-        if (m_file && m_file->isOpen())
-            m_file->seek(m_file->size());
-        m_buf.reserve(kFlush + 65536);
-    }
-    ~StreamOut() { flush(); }
-    // Flushes and lets go of the file, which its owner is about to close.
-    void detach()
-    {
-        flush();
-        m_file = nullptr;
-    }
-    void write(const void *p, size_t n)
-    {
-        m_buf.append(static_cast<const char *>(p), int(n));
-        if (m_buf.size() >= kFlush)
-            flush();
-    }
-    void copy(BufferedReader &src, quint64 pos, quint64 len)
-    {
-        while (len) {
-            const size_t chunk = size_t(qMin<quint64>(len, 1 << 20));
-            const int at = m_buf.size();
-            m_buf.resize(at + int(chunk));
-            src.readAt(pos, m_buf.data() + at, chunk);
-            pos += chunk;
-            len -= chunk;
-            if (m_buf.size() >= kFlush)
-                flush();
-        }
-    }
-    void flush()
-    {
-        if (m_file && m_file->isOpen() && !m_buf.isEmpty())
-            m_file->write(m_buf);
-        m_buf.clear();
-    }
-    quint64 written = 0;
-
-private:
-    static constexpr int kFlush = 4 << 20;
-    QFile *m_file;
-    QByteArray m_buf;
-};
 
 bool isTagIn(BufferedReader &f, quint64 p, std::initializer_list<const char *> tags)
 {
@@ -209,8 +160,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         if (p >= size)
             return;
         len = qMin<quint64>(len, size - p - qMin<quint64>(size - p, 4)); // never past the file
-        video.write(kStartCode, 4);
-        video.copy(f, p + 4, len);
+        video.unit(f, p, len);
     };
     int lastPercent = -1;
     auto progress = [&](quint64 p) {
@@ -360,7 +310,10 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     enum class State { First, Video, Audio, Choice, End };
     State state = State::First;
     quint64 pos = topWalk(false);
-    bool paramsFresh = false; // parameter sets written and no unit since: no need to repeat them
+    // Parameter sets written and no unit since: they aren't written again.
+    // Each pass that loses a byte would otherwise add a copy, so a damaged
+    // stretch would grow the stream by some forty times its own size.
+    bool paramsFresh = false;
 
     while (state != State::End && !s.bStopRepair) {
         switch (state) {

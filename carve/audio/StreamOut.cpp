@@ -1,0 +1,168 @@
+#include "carve/audio/StreamOut.h"
+
+#include "carve/video/CarveConstants.h"
+#include "repair/BufferedReader.h"
+
+#include <QFile>
+#include <atomic>
+#include <cerrno>
+#include <unistd.h>
+
+namespace {
+constexpr int kFlush = 4 << 20;
+constexpr quint64 kKernelCopy = 8 << 10;     // below this a copy by hand is as quick
+constexpr quint64 kChainLimit = 64ull << 20; // bounds the start codes held back
+constexpr size_t kPiece = 1 << 20;
+std::atomic<bool> g_kernelCopy{true};
+} // namespace
+
+void StreamOut::SetKernelCopy(bool on) { g_kernelCopy = on; }
+
+StreamOut::StreamOut(QFile *file) : m_file(file), m_kernelCopy(g_kernelCopy)
+{
+    if (m_file && m_file->isOpen()) {
+        m_file->flush(); // what earlier stages wrote through the QFile
+        m_fd = m_file->handle();
+        m_off = quint64(m_file->size());
+    }
+    m_buf.reserve(kFlush + int(kPiece));
+}
+
+StreamOut::~StreamOut() { flush(); }
+
+void StreamOut::detach()
+{
+    flush();
+    m_file = nullptr;
+    m_fd = -1;
+}
+
+void StreamOut::write(const void *p, size_t n)
+{
+    flushChain();
+    append(p, n);
+}
+
+void StreamOut::copy(BufferedReader &src, quint64 pos, quint64 len)
+{
+    flushChain();
+    appendFrom(src, pos, len);
+}
+
+void StreamOut::unit(BufferedReader &src, quint64 pos, quint64 len)
+{
+    if (m_chainSrc != &src || m_chainEnd != pos || m_chainEnd - m_chainBegin >= kChainLimit) {
+        flushChain();
+        m_chainSrc = &src;
+        m_chainBegin = m_chainEnd = pos;
+    }
+    m_codes.push_back(pos - m_chainBegin);
+    m_chainEnd = pos + 4 + len;
+}
+
+void StreamOut::flush()
+{
+    flushChain();
+    flushBuffer();
+}
+
+void StreamOut::append(const void *p, size_t n)
+{
+    m_buf.append(static_cast<const char *>(p), int(n));
+    if (m_buf.size() >= kFlush)
+        flushBuffer();
+}
+
+void StreamOut::appendFrom(BufferedReader &src, quint64 pos, quint64 len)
+{
+    while (len) {
+        const size_t chunk = size_t(qMin<quint64>(len, kPiece));
+        const int at = m_buf.size();
+        m_buf.resize(at + int(chunk));
+        src.readAt(pos, m_buf.data() + at, chunk);
+        pos += chunk;
+        len -= chunk;
+        if (m_buf.size() >= kFlush)
+            flushBuffer();
+    }
+}
+
+// The chain read piece by piece into the buffer, each start code put over
+// its length there (a code may span two pieces).
+void StreamOut::appendChainByHand(BufferedReader &src, quint64 len)
+{
+    size_t next = 0;
+    for (quint64 done = 0; done < len;) {
+        const size_t chunk = size_t(qMin<quint64>(len - done, kPiece));
+        const int at = m_buf.size();
+        m_buf.resize(at + int(chunk));
+        src.readAt(m_chainBegin + done, m_buf.data() + at, chunk);
+        while (next < m_codes.size() && m_codes[next] + 4 <= done)
+            ++next;
+        for (size_t k = next; k < m_codes.size() && m_codes[k] < done + chunk; ++k)
+            for (quint64 b = 0; b < 4; ++b)
+                if (m_codes[k] + b >= done && m_codes[k] + b < done + chunk)
+                    m_buf[at + int(m_codes[k] + b - done)] = char(carve::kStartCode[b]);
+        done += chunk;
+        if (m_buf.size() >= kFlush)
+            flushBuffer();
+    }
+}
+
+void StreamOut::flushChain()
+{
+    if (!m_chainSrc)
+        return;
+    BufferedReader &src = *m_chainSrc;
+    m_chainSrc = nullptr;
+    const quint64 len = m_chainEnd - m_chainBegin;
+    if (len < kKernelCopy || !m_kernelCopy || m_fd < 0 || src.fd() < 0 || m_chainEnd > src.size()) {
+        appendChainByHand(src, len);
+        m_codes.clear();
+        return;
+    }
+    flushBuffer();
+    const quint64 begin = m_off;
+    loff_t in = loff_t(m_chainBegin), out = loff_t(m_off);
+    quint64 left = len;
+    while (left) {
+        const ssize_t n = ::copy_file_range(src.fd(), &in, m_fd, &out, size_t(qMin<quint64>(left, 1 << 30)), 0);
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            break;
+        left -= quint64(n);
+    }
+    m_off = quint64(out);
+    if (left) {
+        // The kernel can't copy between these files: by hand from here on.
+        m_kernelCopy = false;
+        appendFrom(src, m_chainBegin + (len - left), left);
+        flushBuffer();
+    }
+    for (quint64 c : m_codes)
+        pwriteAll(carve::kStartCode, 4, begin + c);
+    m_codes.clear();
+}
+
+void StreamOut::pwriteAll(const void *data, size_t n, quint64 at)
+{
+    const char *p = static_cast<const char *>(data);
+    while (m_fd >= 0 && n) {
+        const ssize_t w = ::pwrite(m_fd, p, n, off_t(at));
+        if (w < 0 && errno == EINTR)
+            continue;
+        if (w <= 0)
+            break; // a full disk: the mux stage gets what was written
+        p += w;
+        n -= size_t(w);
+        at += quint64(w);
+    }
+}
+
+void StreamOut::flushBuffer()
+{
+    pwriteAll(m_buf.constData(), size_t(m_buf.size()), m_off);
+    m_off += quint64(m_buf.size());
+    m_buf.clear();
+}

@@ -1,0 +1,59 @@
+#pragma once
+// Appends to a work file of a splitter.
+//
+// Small pieces (parameter sets, headers, frames of sound) go through a large
+// buffer. Video units are held back while they follow each other in the
+// damaged file: a chain of units is the same bytes as the stream it becomes,
+// with a start code where each length stood, so it is copied file to file by
+// the kernel in one piece and the start codes are written over the lengths
+// afterwards. The bytes of a unit then never pass through this process.
+//
+// Writes go to the descriptor at an offset kept here; the QFile is only
+// flushed at the start and must not be written to until detach().
+
+#include <QByteArray>
+#include <QtGlobal>
+#include <vector>
+
+class BufferedReader;
+class QFile;
+
+class StreamOut
+{
+public:
+    explicit StreamOut(QFile *file);
+    ~StreamOut();
+    StreamOut(const StreamOut &) = delete;
+    StreamOut &operator=(const StreamOut &) = delete;
+
+    // Flushes and lets go of the file, which its owner is about to close.
+    void detach();
+    void write(const void *p, size_t n);
+    // len bytes from pos; zeros for what lies past the end of the file.
+    void copy(BufferedReader &src, quint64 pos, quint64 len);
+    // A start code, then the len bytes of the unit whose length stands at
+    // pos. pos + 4 + len must lie within the file.
+    void unit(BufferedReader &src, quint64 pos, quint64 len);
+    void flush();
+
+    // Off: every byte goes through this process (what happens anyway where
+    // the kernel can't copy between the two files).
+    static void SetKernelCopy(bool on);
+
+private:
+    void append(const void *p, size_t n);
+    void appendFrom(BufferedReader &src, quint64 pos, quint64 len);
+    void appendChainByHand(BufferedReader &src, quint64 len);
+    void flushChain();
+    void flushBuffer();
+    void pwriteAll(const void *data, size_t n, quint64 at);
+
+    QFile *m_file;
+    int m_fd = -1;
+    quint64 m_off = 0; // where the buffer goes in the file
+    bool m_kernelCopy = true;
+    QByteArray m_buf;
+    BufferedReader *m_chainSrc = nullptr;
+    quint64 m_chainBegin = 0, m_chainEnd = 0;
+    std::vector<quint64> m_codes; // offsets of the start codes in the chain
+};
