@@ -76,16 +76,18 @@ int main(int argc, char **argv)
     }
     const QString dir = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(dir);
-    const QString clip = dir + "/bench-clip.mov", sample = dir + "/bench-sample.mov", big = dir + "/bench-1g.mov";
+    const QString clip = dir + "/bench-clip.mov", sample = dir + "/bench-sample2.mov", big = dir + "/bench-1g.mov";
     const QStringList common = {"-c:v", "libx264", "-preset", "ultrafast", "-b:v", "8M", "-pix_fmt", "yuv420p",
                                 "-c:a", "aac", "-b:a", "128k", "-ac", "2"};
     if (!QFile::exists(clip)
         && !ffmpeg(QStringList{"-f", "lavfi", "-i", "testsrc2=size=1280x720:rate=30:duration=30", "-f", "lavfi", "-i",
                                "anoisesrc=d=30:c=pink:a=0.2:r=48000"} + common + QStringList{clip}))
         return 1;
+    // The sample: the same camera in the same room (same sound level), other
+    // pictures, another stretch of sound.
     if (!QFile::exists(sample)
-        && !ffmpeg(QStringList{"-f", "lavfi", "-i", "smptebars=size=1280x720:rate=30:duration=5", "-f", "lavfi", "-i",
-                               "anoisesrc=d=5:c=pink:a=0.15:r=48000:seed=7"} + common + QStringList{sample}))
+        && !ffmpeg(QStringList{"-f", "lavfi", "-i", "smptebars=size=1280x720:rate=30:duration=20", "-f", "lavfi", "-i",
+                               "anoisesrc=d=20:c=pink:a=0.2:r=48000:seed=7"} + common + QStringList{sample}))
         return 1;
     if (!QFile::exists(big)) {
         std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
