@@ -85,6 +85,19 @@ public:
         return peekSlow(pos, n);
     }
 
+    // The bytes from pos to the end of the window, loading it as needed;
+    // nullptr and 0 past the end of the file. For scans that step through
+    // many positions at once.
+    const quint8 *span(quint64 pos, size_t *len)
+    {
+        if (!(pos - m_winPos < m_winLen) && !load(pos)) {
+            *len = 0;
+            return nullptr;
+        }
+        *len = size_t(m_winLen - (pos - m_winPos));
+        return m_buf.get() + (pos - m_winPos);
+    }
+
     // --- stdio-like cursor ---
     // Fails, leaving the cursor where it was, for a position below zero.
     bool seek(qint64 pos);

@@ -81,11 +81,38 @@ bool isSkipTag(BufferedReader &f, quint64 p)
     return false;
 }
 
-std::atomic<bool> g_headsOnDisk{false};
+// The first position from p on where the byte at p (at0) or at p + 4 (at4)
+// is worth a look; every position before it would be passed over by the
+// byte-by-byte walk anyway. Stays inside the window, and short of the last
+// 128 bytes of the file, where the walk looks at shorter reads.
+quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, const bool *at4)
+{
+    if (p + carve::kPaddingInner > size)
+        return p;
+    size_t len = 0;
+    const quint8 *b = f.span(p, &len);
+    if (!b || len < size_t(carve::kPaddingInner))
+        return p;
+    const size_t n = size_t(qMin<quint64>(len - carve::kPaddingInner + 1, size - carve::kPaddingInner + 1 - p));
+    size_t i = 0;
+    if (at4)
+        while (i < n && !at0[b[i]] && !at4[b[i + 4]])
+            ++i;
+    else
+        while (i < n && !at0[b[i]])
+            ++i;
+    return p + i;
+}
+
+std::atomic<bool> g_reference{false};
 } // namespace
 
 namespace carve {
-void SetHeadListOnDisk(bool onDisk) { g_headsOnDisk = onDisk; }
+void SetReferenceWalk(bool on)
+{
+    g_reference = on;
+    StreamOut::SetKernelCopy(!on);
+}
 } // namespace carve
 
 void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
@@ -262,18 +289,31 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     StreamOut audioOut(args.fpAudio.get());
     std::unique_ptr<HeadList> ownHeads;
     HeadList *heads = headsIn;
-    if (!heads && g_headsOnDisk) {
+    if (!heads && g_reference) {
         ownHeads.reset(new DiskHeadList(args.strAudioUnique));
         heads = ownHeads.get();
     }
-    if (!heads) {
+    QByteArray records;
+    {
         QFile list(args.strAudioUnique);
-        QByteArray records;
         if (!args.strAudioUnique.isEmpty() && list.open(QIODevice::ReadOnly))
             records = list.readAll();
+    }
+    if (!heads) {
         ownHeads.reset(new MemoryHeadList(records));
         heads = ownHeads.get();
     }
+    // Bytes that make a position worth a look: the first bytes of the heads,
+    // blank fill, length prefixes (00), "moov"; in the audio state also the
+    // first letters of the tags looked for at position + 4.
+    bool walkLook[256] = {}, audioLook[256] = {}, tagLook[256] = {};
+    walkLook[0x00] = walkLook[0xFF] = walkLook[quint8('m')] = true;
+    audioLook[0x00] = audioLook[0xFF] = true;
+    if (row.audio == AudioKind::AdtsHeads)
+        for (int i = 0; i < records.size(); i += 3)
+            walkLook[quint8(records[i])] = audioLook[quint8(records[i])] = true;
+    for (char c : {'f', 'w', 'p', 'm', 'u', 's'})
+        tagLook[quint8(c)] = true;
     s.ullAudioHeadsSize = heads->size();
     s.nAudioHeadPos = 0;
     strSpliceName = QFileInfo(args.strSource).fileName();
@@ -405,6 +445,11 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                 quint64 q = isUnit ? next : pos;
                 bool decided = false;
                 while (q < size && !s.bStopRepair && !decided) {
+                    const quint64 plain = g_reference ? q : passPlain(f, q, size, walkLook, nullptr);
+                    if (plain != q) {
+                        heads->reset();
+                        q = plain;
+                    }
                     if (audioAt(q)) {
                         writeUnitIfAny();
                         pos = q;
@@ -500,6 +545,11 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             quint64 p = pos + 1;
             bool toVideo = false;
             while (p < size && !s.bStopRepair) {
+                const quint64 plain = g_reference ? p : passPlain(f, p, size, audioLook, tagLook);
+                if (plain != p) {
+                    heads->reset(); // where the walk of the list ended at each of them
+                    p = plain;
+                }
                 // One look at the bytes here decides for most positions: no head,
                 // no length prefix (00), no blank (00/FF) and no tag behind.
                 const quint8 *b = f.peek(p, carve::kPaddingInner);

@@ -62,9 +62,11 @@ struct CarverRow
 };
 
 const LearnerRow &LearnerOf(Learner id);
-// The splitters walk the audio head list from the file, record by record, in
-// place of the lookup table: slow, and only there to prove both agree.
-void SetHeadListOnDisk(bool onDisk);
+// The splitters walk as their rules are written: the audio head list from
+// the file record by record in place of the lookup table, every position one
+// at a time, every byte of a unit through the process. Slow, and only there
+// to prove that the quick walk writes the same files.
+void SetReferenceWalk(bool on);
 const char *SplitterName(Splitter id);
 
 } // namespace carve
