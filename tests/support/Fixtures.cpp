@@ -405,6 +405,126 @@ QString cutAt(const QString &src, int percent)
     return writeAtomically(dest, data) ? dest : QString();
 }
 
+namespace {
+// The trak, mdia, minf and stbl boxes of a moov, rebuilt with new chunk
+// tables: each track's samples keep their order and sizes, `per` of them to
+// a chunk, at the offsets given.
+struct ChunkTables
+{
+    QVector<QVector<quint32>> offsets; // per track
+    QVector<int> per, samples;
+    int track = -1;
+
+    QByteArray rewrite(const QByteArray &box)
+    {
+        const QByteArray type = box.mid(4, 4);
+        auto be = [](quint32 v) {
+            QByteArray b(4, '\0');
+            qToBigEndian(v, reinterpret_cast<uchar *>(b.data()));
+            return b;
+        };
+        if (type == "moov" || type == "trak" || type == "mdia" || type == "minf" || type == "stbl") {
+            if (type == "trak")
+                ++track;
+            QByteArray children;
+            for (int at = 8; at + 8 <= box.size();) {
+                const int size = int(qFromBigEndian<quint32>(reinterpret_cast<const uchar *>(box.constData() + at)));
+                if (size < 8 || at + size > box.size())
+                    break;
+                children += rewrite(box.mid(at, size));
+                at += size;
+            }
+            return be(quint32(children.size() + 8)) + type + children;
+        }
+        if ((type == "stco" || type == "co64") && track >= 0 && track < offsets.size()) {
+            QByteArray body = be(0) + be(quint32(offsets[track].size()));
+            for (quint32 o : offsets[track])
+                body += be(o);
+            return be(quint32(body.size() + 8)) + "stco" + body;
+        }
+        if (type == "stsc" && track >= 0 && track < offsets.size()) {
+            const int n = per[track], total = samples[track], full = total / n, rest = total % n;
+            QByteArray entries;
+            int count = 0;
+            if (full) {
+                entries += be(1) + be(quint32(n)) + be(1);
+                ++count;
+            }
+            if (rest) {
+                entries += be(quint32(full + 1)) + be(quint32(rest)) + be(1);
+                ++count;
+            }
+            const QByteArray body = be(0) + be(quint32(count)) + entries;
+            return be(quint32(body.size() + 8)) + "stsc" + body;
+        }
+        return box;
+    }
+};
+} // namespace
+
+QString cameraLayout(const QString &src)
+{
+    const QString dest = derivedPath(src, QStringLiteral("camera"));
+    if (upToDate(dest, src))
+        return dest;
+    const QByteArray data = readAll(src);
+    const QList<Atom> atoms = topLevelAtoms(src);
+    const Atom *ftyp = findAtom(atoms, "ftyp"), *moov = findAtom(atoms, "moov");
+    if (data.isEmpty() || !ftyp || !moov)
+        return {};
+    // Each track's samples in order, as ffprobe reads them.
+    QProcess probe;
+    probe.start(QStringLiteral("ffprobe"), {"-v", "error", "-show_entries", "packet=stream_index,pos,size", "-of",
+                                            "compact=p=0", src});
+    if (!probe.waitForFinished(60000))
+        return {};
+    QVector<QVector<QPair<int, int>>> tracks; // (pos, size)
+    for (const QByteArray &line : probe.readAllStandardOutput().split('\n')) {
+        int stream = -1, pos = -1, size = -1;
+        for (const QByteArray &field : line.split('|')) {
+            const QList<QByteArray> kv = field.split('=');
+            if (kv.value(0) == "stream_index")
+                stream = kv.value(1).toInt();
+            else if (kv.value(0) == "pos")
+                pos = kv.value(1).toInt();
+            else if (kv.value(0) == "size")
+                size = kv.value(1).toInt();
+        }
+        if (stream < 0 || pos < 0 || size <= 0)
+            continue;
+        if (tracks.size() <= stream)
+            tracks.resize(stream + 1);
+        tracks[stream].append({pos, size});
+    }
+    // About a second per chunk: 30 frames of video, 47 frames of AAC (or of
+    // whatever the second track holds), video first.
+    ChunkTables t;
+    t.offsets.resize(tracks.size());
+    for (int i = 0; i < tracks.size(); ++i) {
+        t.per << (i == 0 ? 30 : 47);
+        t.samples << tracks[i].size();
+    }
+    const QByteArray head = data.mid(int(ftyp->offset), int(ftyp->size));
+    QByteArray media;
+    QVector<int> next(tracks.size(), 0);
+    for (bool more = true; more;) {
+        more = false;
+        for (int i = 0; i < tracks.size(); ++i) {
+            if (next[i] >= tracks[i].size())
+                continue;
+            more = true;
+            t.offsets[i] << quint32(head.size() + 8 + media.size());
+            for (int k = 0; k < t.per[i] && next[i] < tracks[i].size(); ++k, ++next[i])
+                media += data.mid(tracks[i][next[i]].first, tracks[i][next[i]].second);
+        }
+    }
+    QByteArray mdat(4, '\0');
+    qToBigEndian(quint32(media.size() + 8), reinterpret_cast<uchar *>(mdat.data()));
+    mdat += "mdat" + media;
+    return writeAtomically(dest, head + mdat + t.rewrite(data.mid(int(moov->offset), int(moov->size)))) ? dest
+                                                                                                       : QString();
+}
+
 QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset)
 {
     constexpr int kBlock = 64 << 10;

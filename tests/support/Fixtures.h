@@ -51,6 +51,11 @@ QString cutAt(const QString &src, int percent);
 // damaged range starts at *damageOffset.
 QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset = nullptr);    // a 0-byte file in dir()
 
+// The recording laid out as cameras write theirs: about a second of video,
+// then a second of sound, in chunks of 30 and 47 samples, moov at the end
+// (ffmpeg writes a chunk per frame or two).
+QString cameraLayout(const QString &src);
+
 // A surveillance-style export: "IMKH" plus 60 bytes of vendor header, then an
 // MPEG program stream (H.264 + MP2). Named imkh_stream.mp4, as such files are
 // usually handed out with a misleading extension.
