@@ -98,6 +98,14 @@ public:
         return m_buf.get() + (pos - m_winPos);
     }
 
+    // The walk goes on from pos: the window should hold it. A scan that hops
+    // from unit to unit says so, since each hop alone looks like a far look.
+    void moveTo(quint64 pos)
+    {
+        if (!(pos - m_winPos < m_winLen))
+            load(pos);
+    }
+
     // --- stdio-like cursor ---
     // Fails, leaving the cursor where it was, for a position below zero.
     bool seek(qint64 pos);

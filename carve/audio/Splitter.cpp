@@ -431,6 +431,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     writeUnit(pos, L);
                     paramsFresh = false;
                     pos = next;
+                    f.moveTo(pos);
                     continue;
                 }
                 // A length that runs past the end of the file is no unit: what

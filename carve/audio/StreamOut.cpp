@@ -10,7 +10,10 @@
 
 namespace {
 constexpr int kFlush = 4 << 20;
-constexpr quint64 kKernelCopy = 8 << 10;     // below this a copy by hand is as quick
+// A system call costs more than copying tens of kilobytes here, and each
+// start code is one more: the kernel copies only chains of large units.
+constexpr quint64 kKernelCopy = 1 << 20;
+constexpr quint64 kKernelCopyUnit = 256 << 10;
 constexpr quint64 kChainLimit = 64ull << 20; // bounds the start codes held back
 constexpr size_t kPiece = 1 << 20;
 std::atomic<bool> g_kernelCopy{true};
@@ -116,7 +119,7 @@ void StreamOut::flushChain()
     BufferedReader &src = *m_chainSrc;
     m_chainSrc = nullptr;
     const quint64 len = m_chainEnd - m_chainBegin;
-    if (len < kKernelCopy || !m_kernelCopy || m_fd < 0 || src.fd() < 0 || m_chainEnd > src.size()) {
+    if (len < kKernelCopy || len / m_codes.size() < kKernelCopyUnit || !m_kernelCopy || m_fd < 0 || src.fd() < 0 || m_chainEnd > src.size()) {
         appendChainByHand(src, len);
         m_codes.clear();
         return;
