@@ -1,12 +1,13 @@
 #pragma once
 // Appends to a work file of a splitter.
 //
-// Small pieces (parameter sets, headers, frames of sound) go through a large
-// buffer. Video units are held back while they follow each other in the
+// Everything goes through a large buffer, written a few megabytes at a
+// time. Video units are held back while they follow each other in the
 // damaged file: a chain of units is the same bytes as the stream it becomes,
-// with a start code where each length stood, so it is copied file to file by
-// the kernel in one piece and the start codes are written over the lengths
-// afterwards. The bytes of a unit then never pass through this process.
+// with a start code where each length stood. A chain of large units (intra
+// frames of big pictures) is copied file to file by the kernel in one piece
+// and its start codes written over the lengths afterwards, so those bytes
+// never pass through this process.
 //
 // Writes go to the descriptor at an offset kept here; the QFile is only
 // flushed at the start and must not be written to until detach().
