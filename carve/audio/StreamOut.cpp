@@ -119,7 +119,9 @@ void StreamOut::flushChain()
     BufferedReader &src = *m_chainSrc;
     m_chainSrc = nullptr;
     const quint64 len = m_chainEnd - m_chainBegin;
-    if (len < kKernelCopy || len / m_codes.size() < kKernelCopyUnit || !m_kernelCopy || m_fd < 0 || src.fd() < 0 || m_chainEnd > src.size()) {
+    const bool kernel = m_kernelCopy && len >= kKernelCopy && len / m_codes.size() >= kKernelCopyUnit && m_fd >= 0
+                        && src.fd() >= 0 && m_chainEnd <= src.size();
+    if (!kernel) {
         appendChainByHand(src, len);
         m_codes.clear();
         return;
