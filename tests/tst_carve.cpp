@@ -276,6 +276,8 @@ private Q_SLOTS:
         QTest::newRow("delimiters, moov gone") << "carve_aud" << "nomoov" << 1.0 << 0.95;
         QTest::newRow("two slices, moov gone") << "carve_slices" << "nomoov" << 1.0 << 0.95;
         QTest::newRow("video alone, moov gone") << "carve_silent" << "nomoov" << 1.0 << -1.0;
+        // A recording that stopped before its end was written: mdat size 0, no moov.
+        QTest::newRow("aac 48k, camera chunks, stopped") << "camera/carve_aac48" << "stopped" << 0.95 << 0.95;
         QTest::newRow("aac 48k, cut at 70%") << "carve_aac48" << "cut" << 0.95 << 0.5;
         QTest::newRow("video alone, cut at 70%") << "carve_silent" << "cut" << 0.95 << -1.0;
         QTest::newRow("aac 48k, zeros inside") << "carve_aac48" << "zeros" << 0.95 << 0.5;
@@ -300,6 +302,8 @@ private Q_SLOTS:
         quint64 from = 0, to = 0, end = ~quint64(0);
         if (damage == "nomoov") {
             damaged = fixtures::moovRemoved(healthy);
+        } else if (damage == "stopped") {
+            damaged = fixtures::mdatSizeZero(fixtures::moovRemoved(healthy));
         } else if (damage == "cut") {
             damaged = fixtures::cutAt(healthy, 70);
             end = quint64(QFileInfo(damaged).size());
@@ -321,7 +325,7 @@ private Q_SLOTS:
                                  .arg(name, damage).arg(p.video).arg(intact).arg(decoded)
                                  .arg(p.audioSeconds).arg(p.videoSeconds);
         QVERIFY2(p.video >= int(minVideo * intact), qPrintable(QString::number(p.video)));
-        if (damage == "nomoov") {
+        if (damage == "nomoov" || damage == "stopped") {
             // B-frames from a raw stream muxed at a fixed rate lose a few
             // frames to their timestamps in the decoder; the packets are all there.
             QVERIFY(decoded >= int(0.95 * minVideo * intact));
