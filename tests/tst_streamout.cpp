@@ -1,6 +1,7 @@
 // The splitters' output files: chains of units copied by the kernel with
-// their start codes written afterwards must give the very bytes of a copy
-// made by hand, whatever the mix of pieces, chain lengths and buffer edges.
+// their start codes written afterwards, and buffers written by a background
+// thread, must give the very bytes of a copy made by hand on one thread,
+// whatever the mix of pieces, chain lengths and buffer edges.
 
 #include "carve/audio/StreamOut.h"
 #include "repair/BufferedReader.h"
@@ -77,12 +78,14 @@ private Q_SLOTS:
             QVERIFY(f.open(QIODevice::WriteOnly));
             f.write(data);
         }
-        for (bool kernel : {true, false}) {
-            for (quint32 seed : {1u, 2u, 3u}) {
+        for (int mode = 0; mode < 4; ++mode) {
+            const bool kernel = mode & 1, background = mode & 2;
+            for (quint32 seed : {1u, 2u}) {
                 StreamOut::SetKernelCopy(kernel);
+                StreamOut::SetBackgroundWrites(background);
                 BufferedReader src;
                 QVERIFY(src.open(srcPath));
-                const QString outPath = dir.filePath(QStringLiteral("out-%1-%2").arg(kernel).arg(seed));
+                const QString outPath = dir.filePath(QStringLiteral("out-%1-%2").arg(mode).arg(seed));
                 QFile file(outPath);
                 QVERIFY(file.open(QIODevice::ReadWrite));
                 // What an earlier stage wrote through the QFile stays in front.
@@ -98,10 +101,12 @@ private Q_SLOTS:
                 QVERIFY(check.open(QIODevice::ReadOnly));
                 const QByteArray got = check.readAll();
                 QCOMPARE(got.size(), expect.size());
-                QVERIFY2(got == expect, qPrintable(QStringLiteral("kernel %1 seed %2").arg(kernel).arg(seed)));
+                QVERIFY2(got == expect, qPrintable(QStringLiteral("kernel %1 background %2 seed %3")
+                                                       .arg(kernel).arg(background).arg(seed)));
             }
         }
         StreamOut::SetKernelCopy(true);
+        StreamOut::SetBackgroundWrites(true);
     }
 };
 

@@ -6,6 +6,10 @@
 #include <QFile>
 #include <atomic>
 #include <cerrno>
+#include <condition_variable>
+#include <deque>
+#include <mutex>
+#include <thread>
 #include <unistd.h>
 
 namespace {
@@ -17,9 +21,93 @@ constexpr quint64 kKernelCopyUnit = 256 << 10;
 constexpr quint64 kChainLimit = 64ull << 20; // bounds the start codes held back
 constexpr size_t kPiece = 1 << 20;
 std::atomic<bool> g_kernelCopy{true};
+std::atomic<bool> g_background{true};
+
+void writeAllAt(int fd, const char *p, size_t n, quint64 at)
+{
+    while (fd >= 0 && n) {
+        const ssize_t w = ::pwrite(fd, p, n, off_t(at));
+        if (w < 0 && errno == EINTR)
+            continue;
+        if (w <= 0)
+            break; // a full disk: the mux stage gets what was written
+        p += w;
+        n -= size_t(w);
+        at += quint64(w);
+    }
+}
 } // namespace
 
+// Writes full buffers while the splitter goes on scanning. Writes are
+// positional, so their order doesn't matter; at most two buffers wait.
+class BackgroundWriter
+{
+public:
+    explicit BackgroundWriter(int fd) : m_fd(fd), m_thread([this] { run(); }) {}
+    ~BackgroundWriter()
+    {
+        {
+            std::lock_guard<std::mutex> lock(m_mutex);
+            m_stop = true;
+        }
+        m_wake.notify_all();
+        m_thread.join();
+    }
+    void submit(QByteArray &&buf, quint64 at)
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_done.wait(lock, [this] { return m_queue.size() < 2; });
+        m_queue.emplace_back(std::move(buf), at);
+        m_wake.notify_one();
+    }
+    // An empty buffer, from those written already where there is one.
+    QByteArray spare()
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        if (m_spares.empty())
+            return QByteArray();
+        QByteArray b = std::move(m_spares.back());
+        m_spares.pop_back();
+        return b;
+    }
+    void drain()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        m_done.wait(lock, [this] { return m_queue.empty() && !m_busy; });
+    }
+
+private:
+    void run()
+    {
+        std::unique_lock<std::mutex> lock(m_mutex);
+        for (;;) {
+            m_wake.wait(lock, [this] { return m_stop || !m_queue.empty(); });
+            if (m_queue.empty())
+                return; // stopped, nothing left
+            auto job = std::move(m_queue.front());
+            m_queue.pop_front();
+            m_busy = true;
+            lock.unlock();
+            writeAllAt(m_fd, job.first.constData(), size_t(job.first.size()), job.second);
+            job.first.resize(0); // keeps its capacity for the next round
+            lock.lock();
+            m_busy = false;
+            m_spares.push_back(std::move(job.first));
+            m_done.notify_all();
+        }
+    }
+
+    int m_fd;
+    std::mutex m_mutex;
+    std::condition_variable m_wake, m_done;
+    std::deque<std::pair<QByteArray, quint64>> m_queue;
+    std::vector<QByteArray> m_spares;
+    bool m_busy = false, m_stop = false;
+    std::thread m_thread; // last: starts once the rest is ready
+};
+
 void StreamOut::SetKernelCopy(bool on) { g_kernelCopy = on; }
+void StreamOut::SetBackgroundWrites(bool on) { g_background = on; }
 
 StreamOut::StreamOut(QFile *file) : m_file(file), m_kernelCopy(g_kernelCopy)
 {
@@ -31,7 +119,11 @@ StreamOut::StreamOut(QFile *file) : m_file(file), m_kernelCopy(g_kernelCopy)
     m_buf.reserve(kFlush + int(kPiece));
 }
 
-StreamOut::~StreamOut() { flush(); }
+StreamOut::~StreamOut()
+{
+    flush();
+    m_writer.reset();
+}
 
 void StreamOut::detach()
 {
@@ -67,6 +159,8 @@ void StreamOut::flush()
 {
     flushChain();
     flushBuffer();
+    if (m_writer)
+        m_writer->drain();
 }
 
 void StreamOut::append(const void *p, size_t n)
@@ -152,22 +246,23 @@ void StreamOut::flushChain()
 
 void StreamOut::pwriteAll(const void *data, size_t n, quint64 at)
 {
-    const char *p = static_cast<const char *>(data);
-    while (m_fd >= 0 && n) {
-        const ssize_t w = ::pwrite(m_fd, p, n, off_t(at));
-        if (w < 0 && errno == EINTR)
-            continue;
-        if (w <= 0)
-            break; // a full disk: the mux stage gets what was written
-        p += w;
-        n -= size_t(w);
-        at += quint64(w);
-    }
+    writeAllAt(m_fd, static_cast<const char *>(data), n, at);
 }
 
 void StreamOut::flushBuffer()
 {
-    pwriteAll(m_buf.constData(), size_t(m_buf.size()), m_off);
-    m_off += quint64(m_buf.size());
+    const quint64 n = quint64(m_buf.size());
+    if (n >= quint64(kFlush) && m_fd >= 0 && g_background) {
+        if (!m_writer)
+            m_writer.reset(new BackgroundWriter(m_fd));
+        m_writer->submit(std::move(m_buf), m_off);
+        m_off += n;
+        m_buf = m_writer->spare();
+        if (m_buf.capacity() < kFlush)
+            m_buf.reserve(kFlush + int(kPiece));
+        return;
+    }
+    pwriteAll(m_buf.constData(), size_t(n), m_off);
+    m_off += n;
     m_buf.clear();
 }

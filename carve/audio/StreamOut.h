@@ -14,10 +14,12 @@
 
 #include <QByteArray>
 #include <QtGlobal>
+#include <memory>
 #include <vector>
 
 class BufferedReader;
 class QFile;
+class BackgroundWriter;
 
 class StreamOut
 {
@@ -40,6 +42,8 @@ public:
     // Off: every byte goes through this process (what happens anyway where
     // the kernel can't copy between the two files).
     static void SetKernelCopy(bool on);
+    // Off: full buffers are written on the caller's thread.
+    static void SetBackgroundWrites(bool on);
 
 private:
     void append(const void *p, size_t n);
@@ -57,4 +61,5 @@ private:
     BufferedReader *m_chainSrc = nullptr;
     quint64 m_chainBegin = 0, m_chainEnd = 0;
     std::vector<quint64> m_codes; // offsets of the start codes in the chain
+    std::unique_ptr<BackgroundWriter> m_writer; // made at the first full buffer
 };
