@@ -69,17 +69,10 @@ int decodedFrames(const QString &path, QString *errors)
 // before `end`: what a carve of the damaged copy can hope to find.
 int intactVideo(const QString &healthy, quint64 from, quint64 to, quint64 end)
 {
-    QProcess proc;
-    proc.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-show_entries", "packet=pos,size", "-of",
-                           "csv=p=0", healthy});
-    proc.waitForFinished(60000);
     int n = 0;
-    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
-        const QStringList f = line.split(',');
-        const quint64 size = f.value(0).toULongLong(), pos = f.value(1).toULongLong(); // ffprobe prints size first
-        if (pos + size <= end && (pos + size <= from || pos >= to))
+    for (const fixtures::Packet &p : fixtures::packets(healthy).value(0))
+        if (p.pos + p.size <= end && (p.pos + p.size <= from || p.pos >= to))
             ++n;
-    }
     return n;
 }
 
@@ -431,13 +424,9 @@ private Q_SLOTS:
         const QByteArray clip = in.readAll();
         // Before the 60th video packet of the healthy file (positions agree:
         // the moov was at the end).
-        QProcess p;
-        p.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-show_entries", "packet=pos", "-of", "csv=p=0",
-                            healthy});
-        QVERIFY(p.waitForFinished(60000));
-        const QStringList positions = QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
-        QVERIFY(positions.size() > 60);
-        const int at = positions.at(60).trimmed().remove(',').toInt();
+        const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
+        QVERIFY(video.size() > 60);
+        const int at = int(video.at(60).pos);
         QVERIFY(at > 0 && at < clip.size());
         const Probe whole = probe(healthy);
         QRandomGenerator rng(9);

@@ -240,13 +240,8 @@ void StreamOut::flushChain()
         flushBuffer();
     }
     for (quint64 c : m_codes)
-        pwriteAll(carve::kStartCode, 4, begin + c);
+        writeAllAt(m_fd, reinterpret_cast<const char *>(carve::kStartCode), 4, begin + c);
     m_codes.clear();
-}
-
-void StreamOut::pwriteAll(const void *data, size_t n, quint64 at)
-{
-    writeAllAt(m_fd, static_cast<const char *>(data), n, at);
 }
 
 void StreamOut::flushBuffer()
@@ -262,7 +257,7 @@ void StreamOut::flushBuffer()
             m_buf.reserve(kFlush + int(kPiece));
         return;
     }
-    pwriteAll(m_buf.constData(), size_t(n), m_off);
+    writeAllAt(m_fd, m_buf.constData(), size_t(n), m_off);
     m_off += n;
     m_buf.clear();
 }

@@ -51,7 +51,6 @@ private:
     void appendChainByHand(BufferedReader &src, quint64 len);
     void flushChain();
     void flushBuffer();
-    void pwriteAll(const void *data, size_t n, quint64 at);
 
     QFile *m_file;
     int m_fd = -1;

@@ -405,6 +405,35 @@ QString cutAt(const QString &src, int percent)
     return writeAtomically(dest, data) ? dest : QString();
 }
 
+QVector<QVector<Packet>> packets(const QString &path)
+{
+    QProcess probe;
+    probe.start(QStringLiteral("ffprobe"), {"-v", "error", "-show_entries", "packet=stream_index,pos,size", "-of",
+                                            "compact=p=0", path});
+    if (!probe.waitForFinished(60000))
+        return {};
+    QVector<QVector<Packet>> streams;
+    for (const QByteArray &line : probe.readAllStandardOutput().split('\n')) {
+        int stream = -1;
+        Packet packet{~quint64(0), 0};
+        for (const QByteArray &field : line.split('|')) {
+            const QList<QByteArray> kv = field.split('=');
+            if (kv.value(0) == "stream_index")
+                stream = kv.value(1).toInt();
+            else if (kv.value(0) == "pos")
+                packet.pos = kv.value(1).toULongLong();
+            else if (kv.value(0) == "size")
+                packet.size = kv.value(1).toULongLong();
+        }
+        if (stream < 0 || packet.pos == ~quint64(0) || packet.size == 0)
+            continue;
+        if (streams.size() <= stream)
+            streams.resize(stream + 1);
+        streams[stream].append(packet);
+    }
+    return streams;
+}
+
 namespace {
 // The trak, mdia, minf and stbl boxes of a moov, rebuilt with new chunk
 // tables: each track's samples keep their order and sizes, `per` of them to
@@ -472,30 +501,9 @@ QString cameraLayout(const QString &src)
     const Atom *ftyp = findAtom(atoms, "ftyp"), *moov = findAtom(atoms, "moov");
     if (data.isEmpty() || !ftyp || !moov)
         return {};
-    // Each track's samples in order, as ffprobe reads them.
-    QProcess probe;
-    probe.start(QStringLiteral("ffprobe"), {"-v", "error", "-show_entries", "packet=stream_index,pos,size", "-of",
-                                            "compact=p=0", src});
-    if (!probe.waitForFinished(60000))
+    const QVector<QVector<Packet>> tracks = packets(src);
+    if (tracks.isEmpty())
         return {};
-    QVector<QVector<QPair<int, int>>> tracks; // (pos, size)
-    for (const QByteArray &line : probe.readAllStandardOutput().split('\n')) {
-        int stream = -1, pos = -1, size = -1;
-        for (const QByteArray &field : line.split('|')) {
-            const QList<QByteArray> kv = field.split('=');
-            if (kv.value(0) == "stream_index")
-                stream = kv.value(1).toInt();
-            else if (kv.value(0) == "pos")
-                pos = kv.value(1).toInt();
-            else if (kv.value(0) == "size")
-                size = kv.value(1).toInt();
-        }
-        if (stream < 0 || pos < 0 || size <= 0)
-            continue;
-        if (tracks.size() <= stream)
-            tracks.resize(stream + 1);
-        tracks[stream].append({pos, size});
-    }
     // About a second per chunk: 30 frames of video, 47 frames of AAC (or of
     // whatever the second track holds), video first.
     ChunkTables t;
@@ -515,7 +523,7 @@ QString cameraLayout(const QString &src)
             more = true;
             t.offsets[i] << quint32(head.size() + 8 + media.size());
             for (int k = 0; k < t.per[i] && next[i] < tracks[i].size(); ++k, ++next[i])
-                media += data.mid(tracks[i][next[i]].first, tracks[i][next[i]].second);
+                media += data.mid(int(tracks[i][next[i]].pos), int(tracks[i][next[i]].size));
         }
     }
     QByteArray mdat(4, '\0');

@@ -9,6 +9,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QVector>
 #include <QStringList>
 
 namespace fixtures {
@@ -50,6 +51,13 @@ QString cutAt(const QString &src, int percent);
 // 64 KiB of zeros or of random bytes in the middle of the media data; the
 // damaged range starts at *damageOffset.
 QString damagedMiddle(const QString &src, bool random, quint64 *damageOffset = nullptr);    // a 0-byte file in dir()
+
+// Each stream's packets in order, where ffprobe finds them in the file.
+struct Packet {
+    quint64 pos;
+    quint64 size;
+};
+QVector<QVector<Packet>> packets(const QString &path);
 
 // The recording laid out as cameras write theirs: about a second of video,
 // then a second of sound, in chunks of 30 and 47 samples, moov at the end
