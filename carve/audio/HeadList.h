@@ -4,8 +4,8 @@
 // the end of the list; a match moves the place behind it, reaching the end
 // sets the place back to the start and answers no.
 //
-// DiskHeadList reads the records from the file one at a time, as the walk is
-// defined; MemoryHeadList gives the same answers from a lookup table. A
+// DiskHeadList reads the records from the file one at a time, the plain way;
+// MemoryHeadList gives the same answers from a lookup table. A
 // unique list holds each value once, so "a match at or after the place" is
 // one lookup (a list with repeats, one binary search).
 

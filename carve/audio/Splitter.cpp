@@ -4,6 +4,7 @@
 
 #include "carve/audio/Adts.h"
 #include "carve/audio/AudioConstants.h"
+#include "carve/audio/HeadLearning.h"
 #include "carve/audio/HeadList.h"
 #include "carve/audio/Mp3Frame.h"
 #include "carve/audio/StreamOut.h"
@@ -105,9 +106,11 @@ quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, c
 }
 
 std::atomic<bool> g_reference{false};
+std::atomic<bool> g_learn{true};
 } // namespace
 
 namespace carve {
+void SetLearnHeads(bool on) { g_learn = on; }
 void SetReferenceWalk(bool on)
 {
     g_reference = on;
@@ -287,17 +290,51 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         args.fpAudio->open(QIODevice::ReadWrite);
     }
     StreamOut audioOut(args.fpAudio.get());
-    std::unique_ptr<HeadList> ownHeads;
-    HeadList *heads = headsIn;
-    if (!heads && g_reference) {
-        ownHeads.reset(new DiskHeadList(args.strAudioUnique));
-        heads = ownHeads.get();
-    }
     QByteArray records;
     {
         QFile list(args.strAudioUnique);
         if (!args.strAudioUnique.isEmpty() && list.open(QIODevice::ReadOnly))
             records = list.readAll();
+    }
+    QByteArray videoHeads;
+    {
+        QFile videoList(args.strVideoUnique);
+        if (!args.strVideoUnique.isEmpty() && videoList.open(QIODevice::ReadOnly))
+            videoHeads = videoList.readAll();
+    }
+    if (row.audio == AudioKind::AdtsHeads && g_learn) {
+        // Heads the damaged file itself shows behind its units join the
+        // sample's list, so sound of other loudness or content is still told.
+        BufferedReader learnFrom;
+        learnFrom.open(args.strSource);
+        const LearnedHeads learned =
+            LearnHeadsBehindUnits(learnFrom, topWalk(false), row.run, videoHeads, &s.bStopRepair);
+        records.truncate(records.size() - records.size() % audio::kRecord);
+        int added = 0;
+        for (int i = 0; i + audio::kRecord <= learned.records.size(); i += audio::kRecord) {
+            const QByteArray r = learned.records.mid(i, audio::kRecord);
+            bool known = false;
+            for (int k = 0; k < records.size() && !known; k += audio::kRecord)
+                known = records.mid(k, audio::kRecord) == r;
+            if (!known) {
+                records += r;
+                ++added;
+            }
+        }
+        qDebug().noquote() << QStringLiteral("Learned heads: %1 new of %2 recurring at least %3 times; %4 units looked behind")
+                                  .arg(added).arg(learned.records.size() / audio::kRecord).arg(learned.threshold)
+                                  .arg(learned.candidates);
+        if (added && !args.strAudioUnique.isEmpty()) {
+            QFile list(args.strAudioUnique);
+            if (list.open(QIODevice::WriteOnly | QIODevice::Truncate))
+                list.write(records);
+        }
+    }
+    std::unique_ptr<HeadList> ownHeads;
+    HeadList *heads = headsIn;
+    if (!heads && g_reference) {
+        ownHeads.reset(new DiskHeadList(args.strAudioUnique));
+        heads = ownHeads.get();
     }
     if (!heads) {
         ownHeads.reset(new MemoryHeadList(records));
@@ -326,7 +363,84 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             const int len = Mp3FrameLength(b);
             return len > 0 ? len : 0;
         }
+        // The whole list is asked each time: walking on from the last match
+        // passed over a head met again and lost or merged its frame.
+        heads->reset();
         return heads->match(b) ? 1 : 0;
+    };
+    // A unit that opens as the sample's units do (NAL header and the byte
+    // behind), followed by sound that opens with the first two bytes of a
+    // known head: a frame of sound of a loudness no list has seen.
+    std::vector<bool> opening(1 << 16, false), headStart(1 << 16, false);
+    bool headFirst[256] = {};
+    for (int i = 0; i + audio::kRecord <= videoHeads.size(); i += audio::kRecord)
+        opening[quint32(quint8(videoHeads[i])) << 8 | quint8(videoHeads[i + 1])] = true;
+    for (int i = 0; i + audio::kRecord <= records.size(); i += audio::kRecord)
+    {
+        headStart[quint32(quint8(records[i])) << 8 | quint8(records[i + 1])] = true;
+        headFirst[quint8(records[i])] = true;
+    }
+    auto unitBeforeNewSound = [&](quint64 p, quint32 L) {
+        if (row.audio != AudioKind::AdtsHeads || p + 4 + L + 2 > size)
+            return false;
+        quint8 a[6], b[2];
+        const quint8 *u = bytesAt(p, a, 6);
+        if (!opening[quint32(u[4]) << 8 | u[5]])
+            return false;
+        const quint8 *n = bytesAt(p + 4 + L, b, 2);
+        return bool(headStart[quint32(n[0]) << 8 | n[1]]);
+    };
+    // A frame of quiet sound ends in zero bits, its end element (three ones)
+    // and the zero bits that align it: the last two bytes are 7 shifted left.
+    // Behind them, the first byte of a known head (the kind of element)
+    // opens the next frame, whatever the loudness in the bytes behind says.
+    auto quietFrameStart = [&](quint64 start, quint64 p) {
+        if (row.audio != AudioKind::AdtsHeads || p < start + audio::kMinFrame || p + 2 > size)
+            return false;
+        quint8 tmp[4];
+        const quint8 *b = bytesAt(p - 2, tmp, 4);
+        if (!headFirst[b[2]])
+            return false;
+        quint32 tail = quint32(b[0]) << 8 | b[1];
+        while (tail && !(tail & 1))
+            tail >>= 1;
+        return tail == 7;
+    };
+    // Quiet AAC frames end in runs of zero bits: their last four bytes read as
+    // a short length, and the head of the next frame as a NAL header. Where
+    // the bytes behind a length are the head of a sound frame, they are sound.
+    auto soundBehindLength = [&](quint64 p) {
+        if (row.audio != AudioKind::AdtsHeads || p + 4 + audio::kRecord > size)
+            return false;
+        quint8 tmp[audio::kRecord];
+        heads->reset();
+        return heads->match(bytesAt(p + 4, tmp, audio::kRecord));
+    };
+    // Sound leaves off where a unit is confirmed by the next; inside quiet
+    // sound, zero bytes make such pairs by chance, so the next unit must be
+    // confirmed in its turn (by a unit, a head, or the end of the file).
+    auto chainHolds = [&](quint64 q) {
+        const quint32 L = f.be32(q);
+        const quint64 next = q + 4 + L;
+        return L && (next + 6 > size || test(row.run, next) || audioAt(next));
+    };
+    // A frame of sound that began at `start` and would end at p, where a
+    // unit of length L seems to begin: if a known head stands inside that
+    // unit, no further than frames reach, the frame goes on and the unit is
+    // a chance pattern in the sound.
+    auto frameGoesOn = [&](quint64 start, quint64 p, quint32 L) {
+        if (row.audio != AudioKind::AdtsHeads)
+            return false;
+        const quint64 frame = s.nAvgAudioFrame && s.nAvgAudioFrame <= audio::kMaxAdtsPayload ? s.nAvgAudioFrame
+                                                                                                 : audio::kTypicalFrame;
+        const quint64 reach = qMin<quint64>(qMin<quint64>(p + 4 + L, start + 2 * frame), size);
+        for (quint64 h = p + 4; h + audio::kRecord <= reach; ++h) {
+            quint8 tmp[audio::kRecord];
+            heads->reset();
+            if (heads->match(bytesAt(h, tmp, audio::kRecord)))
+                return true;
+        }
+        return false;
     };
     auto frameLength = [&](quint64 n) {
         // A run longer than an ADTS frame can hold is cut to the sample's mean.
@@ -381,7 +495,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     pos += qMax<quint32>(1, f.be32(pos - 4));
                     continue;
                 }
-                if (test(row.first, pos)) {
+                if (test(row.first, pos) && !soundBehindLength(pos)) {
                     const quint32 L = f.be32(pos);
                     if (L && test(row.run, pos + 4 + L)) {
                         s.bMediaFound = true;
@@ -451,7 +565,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         heads->reset();
                         q = plain;
                     }
-                    if (audioAt(q)) {
+                    if (audioAt(q) || (q == next && isUnit && unitBeforeNewSound(pos, L))) {
                         writeUnitIfAny();
                         pos = q;
                         state = State::Audio;
@@ -465,10 +579,10 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                             continue;
                         }
                     }
-                    if (test(row.run, q)) {
+                    if (test(row.run, q) && !soundBehindLength(q)) {
                         const quint32 L2 = f.be32(q);
                         if (L2) {
-                            if (test(row.run, q + 4 + L2)) {
+                            if (test(row.run, q + 4 + L2) && chainHolds(q + 4 + L2)) {
                                 ++nChains;
                                 writeUnitIfAny();
                                 pos = q;
@@ -476,7 +590,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                                 decided = true;
                                 break;
                             }
-                            if (audioAt(q + 4 + L2)) {
+                            if (audioAt(q + 4 + L2) || unitBeforeNewSound(q, L2)) {
                                 // A single unit between gaps, confirmed by the audio behind it.
                                 writeUnitIfAny();
                                 writeUnit(q, L2);
@@ -512,14 +626,28 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             state = State::End;
             if (row.audio == AudioKind::Mp3Frames) {
                 // MPEG audio frames say their own length: copy them whole.
+                bool behindFrame = false;
                 while (pos < size && !s.bStopRepair) {
                     quint8 tmp[4];
                     const int len = Mp3FrameLength(bytesAt(pos, tmp, 4));
                     if (len > 0) {
                         audioOut.copy(f, pos, quint64(qMin<quint64>(quint64(len), size - pos)));
                         pos += quint64(len);
+                        behindFrame = true;
                         continue;
                     }
+                    if (behindFrame && test(row.run, pos)) {
+                        // The frames led exactly here: a unit whose chain holds
+                        // ends the gap, whatever its header (P and B slices too).
+                        const quint32 L = f.be32(pos);
+                        const quint64 next = pos + 4 + L;
+                        if (L && next + 4 <= size && (test(row.run, next) || audioAt(next))) {
+                            nAudioRuns += test(row.run, next) ? 1 : 0;
+                            state = State::Video;
+                            break;
+                        }
+                    }
+                    behindFrame = false;
                     if (test(row.gap, pos)) {
                         // A unit confirmed by the next unit, or by a frame of sound behind it.
                         const quint32 L = f.be32(pos);
@@ -554,7 +682,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                 // One look at the bytes here decides for most positions: no head,
                 // no length prefix (00), no blank (00/FF) and no tag behind.
                 const quint8 *b = f.peek(p, carve::kPaddingInner);
-                const bool head = b ? heads->match(b) : audioAt(p) != 0;
+                const bool head = (b ? (heads->reset(), heads->match(b)) : audioAt(p) != 0) || quietFrameStart(start, p);
                 if (!head && b && b[0] != 0 && b[0] != 0xFF) {
                     switch (b[4]) {
                     case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
@@ -572,17 +700,17 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     progress(p);
                     continue;
                 }
-                if (test(row.gap, p)) {
+                if (test(row.gap, p) && !soundBehindLength(p)) {
                     const quint32 L = f.be32(p);
-                    if (L) {
-                        if (test(row.run, p + 4 + L)) {
+                    if (L && !frameGoesOn(start, p, L)) {
+                        if (test(row.run, p + 4 + L) && chainHolds(p + 4 + L)) {
                             writeAdts(start, p - start);
                             heads->reset();
                             ++nAudioRuns;
                             toVideo = true;
                             break;
                         }
-                        if (audioAt(p + 4 + L)) {
+                        if (audioAt(p + 4 + L) || unitBeforeNewSound(p, L)) {
                             writeAdts(start, p - start);
                             toVideo = true;
                             break;
