@@ -39,6 +39,18 @@ const QStringList kCamNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.
 const QStringList kCamNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=44100:seed=1"};
 const QStringList kCamSampleNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"};
 const QStringList kCamSampleNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=44100:seed=7"};
+// Samples whose sound differs in kind and loudness from the recordings': a
+// quiet tone, bursts of noise between silences (as speech comes), silence.
+QStringList camSound(const QString &expr, int seconds)
+{
+    return {"-f", "lavfi", "-i", QStringLiteral("aevalsrc=%1:c=stereo:s=48000:d=%2").arg(expr).arg(seconds)};
+}
+const QStringList kCamToneSample = camSound("0.03*sin(2*PI*523*t)", 3);
+const QStringList kCamBurstsSample = camSound("0.7*(random(0)-0.5)*gt(sin(2*PI*1.3*t)\\,0.2)", 3);
+const QStringList kCamHushSample = camSound("0", 3);
+// A recording whose sound changes halfway: loud noise, then a soft tone.
+const QStringList kCamMixed = camSound("if(lt(t\\,2)\\,0.5*(random(0)-0.5)\\,0.04*sin(2*PI*330*t))", 4);
+const QStringList kMp3 = {"-c:a", "libmp3lame", "-b:a", "128k"};
 const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
 const QStringList kCamAac = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
 
@@ -92,6 +104,12 @@ const QVector<Row> &table()
         {"carve_mono_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-ac", "1"}},
         {"carve_mp3.mp4", kCamVideo + kCamNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
         {"carve_mp3_sample.mp4", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
+        {"carve_aac48_tone_sample.mov", kCamSampleVideo + kCamToneSample + kCamX264 + kCamAac},
+        {"carve_aac48_bursts_sample.mov", kCamSampleVideo + kCamBurstsSample + kCamX264 + kCamAac},
+        {"carve_aac48_hush_sample.mov", kCamSampleVideo + kCamHushSample + kCamX264 + kCamAac},
+        {"carve_mixed.mov", kCamVideo + kCamMixed + kCamX264 + kCamAac},
+        {"carve_mp3_tone_sample.mp4", kCamSampleVideo + kCamToneSample + kCamX264 + kMp3},
+        {"carve_mp3_mixed.mp4", kCamVideo + kCamMixed + kCamX264 + kMp3},
         {"carve_silent.mov", kCamVideo + kCamX264},
         {"carve_silent_sample.mov", kCamSampleVideo + kCamX264},
         {"carve_nob.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-bf", "0"}},
@@ -369,6 +387,14 @@ QString ftypZeroed(const QString &src)
     });
 }
 
+QString moovZeroed(const QString &src)
+{
+    return damaged(src, QStringLiteral("moovzero"), "moov", [](QByteArray &data, const Atom &moov, const QList<Atom> &) {
+        data.replace(int(moov.offset), int(moov.size), QByteArray(int(moov.size), '\0'));
+        return true;
+    });
+}
+
 QString mdatSizeZero(const QString &src)
 {
     return damaged(src, QStringLiteral("mdat0"), "mdat", [](QByteArray &data, const Atom &mdat, const QList<Atom> &) {
@@ -491,9 +517,10 @@ struct ChunkTables
 };
 } // namespace
 
-QString cameraLayout(const QString &src)
+QString cameraLayout(const QString &src, double seconds)
 {
-    const QString dest = derivedPath(src, QStringLiteral("camera"));
+    const QString dest = derivedPath(src, seconds == 1.0 ? QStringLiteral("camera")
+                                                         : QStringLiteral("camera%1ms").arg(int(seconds * 1000)));
     if (upToDate(dest, src))
         return dest;
     const QByteArray data = readAll(src);
@@ -509,7 +536,7 @@ QString cameraLayout(const QString &src)
     ChunkTables t;
     t.offsets.resize(tracks.size());
     for (int i = 0; i < tracks.size(); ++i) {
-        t.per << (i == 0 ? 30 : 47);
+        t.per << qMax(1, int((i == 0 ? 30 : 47) * seconds + 0.5));
         t.samples << tracks[i].size();
     }
     const QByteArray head = data.mid(int(ftyp->offset), int(ftyp->size));

@@ -41,7 +41,8 @@ QStringList healthyNames();
 // The source file is never modified.
 QString moovRemoved(const QString &src);   // top-level moov cut out, everything else kept
 QString moovAtEndCut(const QString &src);  // needs moov last: truncated 100 bytes into the moov
-QString ftypZeroed(const QString &src);    // the whole ftyp atom, header included, zero-filled
+QString ftypZeroed(const QString &src);
+QString moovZeroed(const QString &src);    // the whole moov atom, header included, zero-filled    // the whole ftyp atom, header included, zero-filled
 QString mdatSizeZero(const QString &src);  // mdat's 32-bit size field set to 0
 QString mdatSize64(const QString &src);    // mdat header rewritten as size 1 + 64-bit largesize
                                            // (8 bytes inserted; chunk offsets are NOT adjusted)
@@ -59,10 +60,10 @@ struct Packet {
 };
 QVector<QVector<Packet>> packets(const QString &path);
 
-// The recording laid out as cameras write theirs: about a second of video,
-// then a second of sound, in chunks of 30 and 47 samples, moov at the end
+// The recording laid out as cameras write theirs: about `seconds` of video,
+// then as much sound, in chunks of 30 and 47 samples a second, moov at the end
 // (ffmpeg writes a chunk per frame or two).
-QString cameraLayout(const QString &src);
+QString cameraLayout(const QString &src, double seconds = 1.0);
 
 // A surveillance-style export: "IMKH" plus 60 bytes of vendor header, then an
 // MPEG program stream (H.264 + MP2). Named imkh_stream.mp4, as such files are
