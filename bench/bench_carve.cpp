@@ -29,13 +29,13 @@ quint32 be32(const QByteArray &d, qint64 at)
            | quint32(quint8(d[int(at + 2)])) << 8 | quint8(d[int(at + 3)]);
 }
 
-bool makeBig(const QString &clip, const QString &big, quint64 target)
+// The clip's ftyp and the content of its mdat.
+bool clipParts(const QString &clip, QByteArray &ftyp, QByteArray &payload)
 {
     QFile in(clip);
     if (!in.open(QIODevice::ReadOnly))
         return false;
     const QByteArray d = in.readAll();
-    QByteArray ftyp, payload;
     for (qint64 p = 0; p + 8 <= d.size();) {
         const quint32 size = be32(d, p);
         if (size < 8)
@@ -47,12 +47,23 @@ bool makeBig(const QString &clip, const QString &big, quint64 target)
             payload = d.mid(int(p + 8), int(size - 8));
         p += size;
     }
-    if (ftyp.isEmpty() || payload.isEmpty())
+    return !ftyp.isEmpty() && !payload.isEmpty();
+}
+
+quint64 copiesFor(const QByteArray &payload, quint64 target)
+{
+    return (target + payload.size() - 1) / quint64(payload.size());
+}
+
+bool makeBig(const QString &clip, const QString &big, quint64 target)
+{
+    QByteArray ftyp, payload;
+    if (!clipParts(clip, ftyp, payload))
         return false;
     QFile out(big + ".part");
     if (!out.open(QIODevice::WriteOnly))
         return false;
-    const quint64 copies = (target + payload.size() - 1) / quint64(payload.size());
+    const quint64 copies = copiesFor(payload, target);
     const quint64 mdatSize = 16 + copies * quint64(payload.size());
     QByteArray head = ftyp;
     head += QByteArray("\0\0\0\1mdat", 8);
@@ -64,6 +75,59 @@ bool makeBig(const QString &clip, const QString &big, quint64 target)
             return false;
     out.close();
     return QFile::rename(big + ".part", big);
+}
+
+int videoPackets(const QString &clip)
+{
+    QProcess p;
+    p.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
+                        "stream=nb_read_packets", "-of", "csv=p=0", clip});
+    p.waitForFinished(-1);
+    return p.readAllStandardOutput().trimmed().toInt();
+}
+
+// Frames in an H.264 stream with start codes: slices of type 1 or 5 that
+// begin at the first macroblock (first_mb_in_slice, ue(v), is 0: a 1 bit).
+quint64 countFrames(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return 0;
+    quint64 frames = 0;
+    QByteArray tail;
+    while (!f.atEnd()) {
+        const QByteArray d = tail + f.read(64 << 20);
+        const int n = d.size();
+        for (int i = 0; i + 5 < n; ++i) {
+            if (d[i + 3] != 1 || d[i + 2] != 0 || d[i + 1] != 0 || d[i] != 0)
+                continue;
+            const int type = quint8(d[i + 4]) & 0x1F;
+            if ((type == 1 || type == 5) && (quint8(d[i + 5]) & 0x80))
+                ++frames;
+        }
+        tail = d.right(5);
+    }
+    return frames;
+}
+// ADTS frames in a stream, by their length fields.
+quint64 countAdtsFrames(const QString &path)
+{
+    QFile f(path);
+    if (!f.open(QIODevice::ReadOnly))
+        return 0;
+    const qint64 size = f.size();
+    quint64 frames = 0;
+    uchar h[7];
+    for (qint64 at = 0; at + 7 <= size; ++frames) {
+        f.seek(at);
+        if (f.read(reinterpret_cast<char *>(h), 7) != 7 || h[0] != 0xFF)
+            break;
+        const int len = (h[3] & 3) << 11 | h[4] << 3 | h[5] >> 5;
+        if (len < 7)
+            break;
+        at += len;
+    }
+    return frames;
 }
 } // namespace
 
@@ -95,6 +159,10 @@ int main(int argc, char **argv)
             return 1;
     }
 
+    QByteArray ftyp, payload;
+    if (!clipParts(clip, ftyp, payload))
+        return 1;
+    const quint64 expected = quint64(videoPackets(clip)) * copiesFor(payload, 1000000000ULL);
     // The carve alone: ffmpeg is kept out of reach, so the mux stage runs no command.
     qputenv("PATH", "");
     mux::SetKeepWorkFiles(true);
@@ -114,8 +182,12 @@ int main(int argc, char **argv)
     getrusage(RUSAGE_SELF, &ru);
     const qint64 video = QFileInfo(dir + "/Repaired/video.h264").size();
     const qint64 audio = QFileInfo(dir + "/Repaired/audio.aac").size();
-    std::printf("carve:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB\n",
-                mb, secs, mb / secs, video / 1e6, audio / 1e6, ru.ru_maxrss / 1024);
+    const quint64 frames = countFrames(dir + "/Repaired/video.h264");
+    std::printf("carve:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB, "
+                "frames %llu of %llu (%.2f %%), sound %.0f s of %.0f s\n",
+                mb, secs, mb / secs, video / 1e6, audio / 1e6, ru.ru_maxrss / 1024, (unsigned long long)frames,
+                (unsigned long long)expected, expected ? 100.0 * double(frames) / double(expected) : 0.0,
+                countAdtsFrames(dir + "/Repaired/audio.aac") * 1024.0 / 48000, expected / 30.0);
     if (qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
         return 0;
     QDir(dir + "/Repaired").removeRecursively();

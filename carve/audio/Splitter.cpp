@@ -14,6 +14,7 @@
 #include "mux/MuxStages.h"
 #include "repair/ThreadVideoRepair.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QtDebug>
 #include <atomic>
@@ -209,17 +210,28 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         s.bSampleHasAudio = false;
     };
 
+    // An atom met in the walk counts only when its size keeps it inside the
+    // atom around it (the media data) or the file; else its tag is a chance
+    // pattern in the media and the walk goes on over its bytes.
+    quint64 mdatStart = 0, mdatEnd = size;
+    auto fits = [&](quint64 at, quint64 sz) {
+        const quint64 limit = at >= mdatStart && at < mdatEnd ? mdatEnd : size;
+        return sz >= carve::kAtomHeader && at <= limit && sz <= limit - at;
+    };
     // The top-level atoms before the media data; the scan starts behind them.
     auto topWalk = [&](bool videoOnlyBranch) {
         quint64 p = 0;
         while (p < size && !s.bStopRepair) {
             if (isSkipTag(f, p + 4)) {
                 const quint32 sz = f.be32(p);
-                if (sz == 0)
+                if (!fits(p, sz))
                     break;
                 p += sz;
             } else if (f.tagAt(p + 4, "mdat")) {
                 const quint32 sz = f.be32(p);
+                const quint64 whole = sz == 1 ? f.be64(p + 8) : sz;
+                mdatStart = p;
+                mdatEnd = whole >= carve::kAtomHeader && whole <= size - p ? p + whole : size;
                 if (videoOnlyBranch)
                     p += sz == 1 ? 16 : 8;
                 else
@@ -307,8 +319,11 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         // sample's list, so sound of other loudness or content is still told.
         BufferedReader learnFrom;
         learnFrom.open(args.strSource);
+        QElapsedTimer clock;
+        clock.start();
         const LearnedHeads learned =
             LearnHeadsBehindUnits(learnFrom, topWalk(false), row.run, videoHeads, &s.bStopRepair);
+        const double seconds = double(clock.nsecsElapsed()) / 1e9;
         records.truncate(records.size() - records.size() % audio::kRecord);
         int added = 0;
         for (int i = 0; i + audio::kRecord <= learned.records.size(); i += audio::kRecord) {
@@ -321,9 +336,10 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                 ++added;
             }
         }
-        qDebug().noquote() << QStringLiteral("Learned heads: %1 new of %2 recurring at least %3 times; %4 units looked behind")
+        qDebug().noquote() << QStringLiteral("Learned heads: %1 new of %2 recurring at least %3 times; %4 units looked "
+                                             "behind; %5 MB/s")
                                   .arg(added).arg(learned.records.size() / audio::kRecord).arg(learned.threshold)
-                                  .arg(learned.candidates);
+                                  .arg(learned.candidates).arg(seconds > 0 ? double(size) / 1e6 / seconds : 0.0, 0, 'f', 0);
         if (added && !args.strAudioUnique.isEmpty()) {
             QFile list(args.strAudioUnique);
             if (list.open(QIODevice::WriteOnly | QIODevice::Truncate))
@@ -491,8 +507,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     progress(pos);
                     continue;
                 }
-                if (isTagIn(f, pos, {"moov", "moof", "traf", "trun"})) {
-                    pos += qMax<quint32>(1, f.be32(pos - 4));
+                if (isTagIn(f, pos, {"moov", "moof", "traf", "trun"}) && pos >= 4 && fits(pos - 4, f.be32(pos - 4))) {
+                    pos += f.be32(pos - 4);
                     continue;
                 }
                 if (test(row.first, pos) && !soundBehindLength(pos)) {
@@ -516,8 +532,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         }
         case State::Choice: {
             // After a lost position: step over a top-level atom met here.
-            if (isSkipTag(f, pos + 4))
-                pos += qMax<quint32>(1, f.be32(pos));
+            if (isSkipTag(f, pos + 4) && fits(pos, f.be32(pos)))
+                pos += f.be32(pos);
             else if (f.tagAt(pos + 4, "mdat"))
                 pos += f.be32(pos) == 1 ? 12 : 8;
             state = State::Video;
@@ -605,8 +621,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         q += carve::kPaddingInner;
                         continue;
                     }
-                    if (f.tagAt(q, "moov")) {
-                        q += qMax<quint32>(1, f.be32(q - 4));
+                    if (f.tagAt(q, "moov") && q >= 4 && fits(q - 4, f.be32(q - 4))) {
+                        q += f.be32(q - 4);
                         continue;
                     }
                     ++q;
@@ -717,11 +733,11 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                         }
                     }
                 }
-                if (isSkipTag(f, p + 4)) {
-                    p += qMax<quint32>(1, f.be32(p));
+                if (isSkipTag(f, p + 4) && fits(p, f.be32(p))) {
+                    p += f.be32(p);
                     continue;
                 }
-                if (f.tagAt(p + 4, "moof")) {
+                if (f.tagAt(p + 4, "moof") && fits(p, f.be32(p))) {
                     writeAdts(start, p - start);
                     p += quint64(f.be32(p)) + 4;
                     toVideo = true;

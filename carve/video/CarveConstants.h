@@ -13,6 +13,7 @@ constexpr quint8 kAudPrefix[4] = {0, 0, 0, 2}; // a NAL of length 2 ...
 constexpr quint8 kAudHeader = 0x09;           // ... that is an access unit delimiter
 
 constexpr int kPaddingOuter = 512; // blank blocks skipped at once
+constexpr quint64 kAtomHeader = 8; // size and tag: no atom is smaller
 constexpr int kPaddingInner = 128;
 
 // Top-level atoms the media walk steps over by their size.
