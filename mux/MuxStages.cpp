@@ -105,6 +105,14 @@ const Stage *StageByName(const QString &name)
     return nullptr;
 }
 
+void RemoveWorkFiles(StageId id)
+{
+    if (KeepWorkFiles())
+        return;
+    for (const char *name : StageOf(id).removes)
+        QFile::remove(workfiles::Path(name));
+}
+
 } // namespace mux
 
 using namespace mux;
@@ -179,6 +187,16 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         const RunResult res = Run(r.form, a, workDir);
         if (r.logOutput && !res.output.isEmpty())
             qDebug().noquote() << res.output;
+        // A result the disk couldn't take whole is no result.
+        for (const char *why : {"No space left on device", "File too large", "Input/output error",
+                                "Disk quota exceeded"}) {
+            if (res.exitCode != 0 && res.output.contains(QLatin1String(why))) {
+                QFile::remove(outDir + "/" + name);
+                s.carve.failReason = QStringLiteral("Could not write %1: %2").arg(name, QLatin1String(why));
+                qWarning().noquote() << s.carve.failReason;
+                break;
+            }
+        }
         return res;
     };
 
@@ -237,9 +255,7 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         args.strVideoHeads.clear();
         args.strIndexing.clear();
     }
-    if (!KeepWorkFiles())
-        for (const char *name : stage.removes)
-            QFile::remove(workfiles::Path(name));
+    RemoveWorkFiles(id);
     s.bInMuxStage = false;
 }
 

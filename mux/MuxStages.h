@@ -63,6 +63,9 @@ const Stage &StageOf(StageId id);
 // looking into a repair that went wrong (and for tests).
 void SetKeepWorkFiles(bool keep);
 bool KeepWorkFiles();
+// Removes the work files the stage would have removed after its run (unless
+// they are to be kept): what a chain leaves when it ends without a mux.
+void RemoveWorkFiles(StageId id);
 const Stage *StageByName(const QString &name);
 
 } // namespace mux

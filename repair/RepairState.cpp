@@ -29,6 +29,7 @@ void RepairState::reset()
     bMoovParsed = bCarveFailed = bKeepLogHandle = false;
     bMtsRepaired = bDatRepaired = bDatDone = bAsfHeadersFound = bAsfMuxFailed = false;
     bMpegSampleInUse = bMkvSampleInUse = false;
+    carve = CarveReport();
     strFfmpegDir.clear();
     strProbedFps.clear();
     bMuxStageRan = bListMuxedFiles = bNoAudioForMux = false;

@@ -112,6 +112,18 @@ struct RepairState
     bool bOnResultsPage = false;
     bool bSaveClicked = false;
 
+    // What the carve of the file in hand wrote, for the front ends; cleared
+    // before each file.
+    struct CarveReport
+    {
+        quint64 videoUnits = 0;   // units written to the video stream
+        quint64 soundFrames = 0;  // frames written to the audio stream (ADTS or MP3)
+        quint64 soundBytes = 0;   // bytes of sound taken from the file
+        quint64 mediaBytes = 0;   // bytes of media data walked
+        quint64 claimedBytes = 0; // of them, taken into a stream
+        QString failReason;       // why the file has no result, when a write failed
+    } carve;
+
     // Puts every field back to its start value (tests and a fresh process).
     void reset();
 };

@@ -112,6 +112,7 @@ void ThreadVideoRepair::RepairDriver(const QStringList &list, const QString &sam
     for (int i = 0; i < count; ++i) {
         Q_EMIT OverAllProgressValue(i + 1, i * 100 / count, count);
         pApp.nFormatCode = 0;
+        pApp.carve = RepairState::CarveReport();
         if (pApp.bStopRepair)
             break;
         const QString entry = list.at(i);

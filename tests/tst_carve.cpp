@@ -18,6 +18,11 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <csignal>
+#include <cstdio>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using fixtures::digest;
 
@@ -92,6 +97,55 @@ struct Cli
     int code = -1;
     QString status, output;
 };
+
+// The carve alone, on the repair thread, into `location`/Repaired; ffmpeg
+// kept out of reach so only the work files come out.
+void carveOnly(const QString &file, const QString &sample, const QString &location)
+{
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", "");
+    mux::SetKeepWorkFiles(true);
+    pApp.reset();
+    pApp.strChosenLocation = location;
+    QDir().mkpath(location);
+    pApp.bSampleRun = true;
+    ThreadVideoRepair t;
+    t.SetSampleFile(sample);
+    t.StartRepair({file}, true);
+    t.wait(120000);
+    mux::SetKeepWorkFiles(false);
+    qputenv("PATH", path);
+}
+
+QByteArray readFile(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The units of a stream with start codes, and the frames of an ADTS stream.
+QList<QByteArray> unitsOf(const QByteArray &d)
+{
+    QList<QByteArray> out;
+    for (int at = d.indexOf(QByteArray("\0\0\0\1", 4)); at >= 0;) {
+        const int next = d.indexOf(QByteArray("\0\0\0\1", 4), at + 4);
+        out << d.mid(at + 4, next < 0 ? -1 : next - at - 4);
+        at = next;
+    }
+    return out;
+}
+QList<QByteArray> adtsFrames(const QByteArray &d)
+{
+    QList<QByteArray> out;
+    for (int i = 0; i + 7 <= d.size();) {
+        const int len = (quint8(d[i + 3]) & 3) << 11 | quint8(d[i + 4]) << 3 | quint8(d[i + 5]) >> 5;
+        if (quint8(d[i]) != 0xFF || len < 7)
+            break;
+        out << d.mid(i, len);
+        i += len;
+    }
+    return out;
+}
 
 Cli repair(const QString &file, const QString &sample, const QString &work)
 {
@@ -468,6 +522,95 @@ private Q_SLOTS:
         }
     }
 
+    void learnedHeadsLoseNothing_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("sample");
+        QTest::addColumn<double>("chunk");
+        QTest::newRow("frame chunks, soft-tone sample") << "carve_aac48" << "carve_aac48_tone_sample" << 0.0;
+        QTest::newRow("half-second chunks, changing sound") << "carve_mixed" << "carve_aac48_sample" << 0.5;
+        QTest::newRow("mono") << "carve_mono" << "carve_mono_sample" << 0.0;
+    }
+
+    void learnedHeadsLoseNothing()
+    {
+        // Every unit and every sound frame that the sample's list alone finds
+        // (of those ffmpeg reads from the healthy file) is found with the
+        // learned heads added.
+        QFETCH(QString, name);
+        QFETCH(QString, sample);
+        QFETCH(double, chunk);
+        auto laidOut = [&](const QString &path) { return chunk > 0 ? fixtures::cameraLayout(path, chunk) : path; };
+        VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ".mov")));
+        VM_FIXTURE(samplePath, laidOut(fixtures::healthy(sample + ".mov")));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QTemporaryDir work;
+        QList<QByteArray> units[2], frames[2];
+        for (int learn : {0, 1}) {
+            carve::SetLearnHeads(learn);
+            const QString at = work.filePath(QString::number(learn));
+            carveOnly(noMoov, samplePath, at);
+            units[learn] = unitsOf(readFile(at + "/Repaired/" + QString(workfiles::kVideoH264).mid(1)));
+            frames[learn] = adtsFrames(readFile(at + "/Repaired/" + QString(workfiles::kAudioAac).mid(1)));
+        }
+        carve::SetLearnHeads(true);
+        QProcess ff;
+        const QString annexB = work.filePath("ref.h264"), adts = work.filePath("ref.aac");
+        ff.start("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", healthy, "-c", "copy", "-map", "0:v", "-bsf:v",
+                            "h264_mp4toannexb", annexB, "-map", "0:a", adts});
+        QVERIFY(ff.waitForFinished(60000) && ff.exitCode() == 0);
+        const QList<QByteArray> refUnits = unitsOf(readFile(annexB)), refFrames = adtsFrames(readFile(adts));
+        const QSet<QByteArray> realUnits(refUnits.begin(), refUnits.end()), realFrames(refFrames.begin(), refFrames.end());
+        const QSet<QByteArray> withUnits(units[1].begin(), units[1].end()), withFrames(frames[1].begin(), frames[1].end());
+        int lostUnits = 0, lostFrames = 0;
+        for (const QByteArray &u : units[0])
+            lostUnits += realUnits.contains(u) && !withUnits.contains(u);
+        for (const QByteArray &f : frames[0])
+            lostFrames += realFrames.contains(f) && !withFrames.contains(f);
+        qInfo() << "without learning" << units[0].size() << "units," << frames[0].size() << "frames; with"
+                << units[1].size() << "units," << frames[1].size() << "frames";
+        QCOMPARE(lostUnits, 0);
+        QCOMPARE(lostFrames, 0);
+    }
+
+    void atomTagsThatDontFitAreMedia_data()
+    {
+        QTest::addColumn<QByteArray>("tag");
+        QTest::addColumn<bool>("pastFile"); // else just past the media data
+        for (const char *tag : {"ftyp", "moov", "free", "skip", "moof", "wide"}) {
+            QTest::newRow(qPrintable(QString("%1, past the file").arg(tag))) << QByteArray(tag) << true;
+            QTest::newRow(qPrintable(QString("%1, past the mdat").arg(tag))) << QByteArray(tag) << false;
+        }
+    }
+
+    void atomTagsThatDontFitAreMedia()
+    {
+        // Eight bytes that read as an atom header, between two chunks of the
+        // media data, with a size that runs past the file (1.1 GB) or past
+        // the mdat around them: they are media, and nothing behind them is lost.
+        QFETCH(QByteArray, tag);
+        QFETCH(bool, pastFile);
+        VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
+        VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QByteArray d = readFile(noMoov);
+        const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
+        QVERIFY(video.size() > 60);
+        const int at = int(video.at(60).pos);
+        const int mdatEnd = d.size(); // the moov that followed is gone
+        insertIntoMdat(d, at, QByteArray(8, '\0'));
+        // A top-level atom behind the media data, so that "past the mdat" stays inside the file.
+        d += mov::atom("free", QByteArray(4096, '\0'));
+        const quint32 size = pastFile ? 0x41000000u : quint32(mdatEnd + 8 - at + 16);
+        d.replace(at, 8, mov::be32(size) + tag);
+        QTemporaryDir work;
+        const QString path = work.filePath("tagged.mov");
+        QVERIFY(mov::write(path, d));
+        carveOnly(path, sample, work.path());
+        const int units = unitsOf(readFile(work.filePath("Repaired/" + QString(workfiles::kVideoH264).mid(1)))).size();
+        QVERIFY2(units >= video.size(), qPrintable(QString::number(units)));
+    }
+
     void wreckedMediaDataEndsTheCarve()
     {
         // Rounds of random harm to recordings without their moov (AAC, mono
@@ -553,6 +696,43 @@ private Q_SLOTS:
         }
         mux::SetKeepWorkFiles(false);
         qputenv("PATH", path);
+    }
+
+    void fullDiskEndsFailedWithNothingLeft()
+    {
+        // Files of a child may not grow past 64 KB: the carved video stream
+        // can't be written whole, so there is no result, the work files go,
+        // and the log says why.
+        VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
+        VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
+        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+        QTemporaryDir work;
+        const QString err = work.filePath("stderr.txt"), out = work.filePath("stdout.txt");
+        const pid_t pid = fork();
+        QVERIFY(pid >= 0);
+        if (pid == 0) {
+            std::signal(SIGXFSZ, SIG_IGN);
+            rlimit lim{64 << 10, 64 << 10};
+            if (setrlimit(RLIMIT_FSIZE, &lim) != 0)
+                _exit(3);
+            if (!std::freopen(qPrintable(err), "w", stderr) || !std::freopen(qPrintable(out), "w", stdout))
+                _exit(4);
+            const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), s = sample.toUtf8(), f = noMoov.toUtf8();
+            execl(cli.constData(), cli.constData(), "repair", "--verbose", "--work", w.constData(), "--sample",
+                  s.constData(), "--", f.constData(), static_cast<char *>(nullptr));
+            _exit(5);
+        }
+        int status = 0;
+        QCOMPARE(waitpid(pid, &status, 0), pid);
+        QVERIFY(WIFEXITED(status));
+        if (WEXITSTATUS(status) == 3)
+            QSKIP("no file size limit here");
+        QCOMPARE(WEXITSTATUS(status), 1);
+        QFile o(out), e(err);
+        QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
+        QVERIFY(o.readAll().startsWith("Failed"));
+        QVERIFY(e.readAll().contains("Could not write the carved video stream: File too large"));
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList{"logFile.txt"});
     }
 
     void badSamplesGiveAnHonestVerdict()

@@ -192,6 +192,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             return;
         len = qMin<quint64>(len, size - p - qMin<quint64>(size - p, 4)); // never past the file
         video.unit(f, p, len);
+        ++s.carve.videoUnits;
+        s.carve.claimedBytes += len + 4;
     };
     int lastPercent = -1;
     auto progress = [&](quint64 p) {
@@ -208,6 +210,23 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         args.fpAudioUnique.reset();
         args.fpSource.reset();
         s.bSampleHasAudio = false;
+    };
+    // A stream that lost bytes on the way to the disk makes no result: the
+    // work files go, the reason is noted, and ffmpeg isn't asked.
+    auto writesFailed = [&](const StreamOut *audioStream) {
+        const StreamOut *failed = video.error() ? &video : audioStream && audioStream->error() ? audioStream : nullptr;
+        if (!failed)
+            return false;
+        s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
+                                 .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
+                                      failed->errorText());
+        qWarning().noquote() << s.carve.failReason << "(" << strFileName << ")";
+        if (!mux::KeepWorkFiles()) {
+            QFile::remove(args.strVideo);
+            QFile::remove(args.strAudio);
+        }
+        mux::RemoveWorkFiles(row.mux);
+        return true;
     };
 
     // An atom met in the walk counts only when its size keeps it inside the
@@ -247,6 +266,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         // The branch for a sample without sound: units alone, confirmed by the next.
         const NalSet &set = s.bSampleHasDjiTag ? row.videoOnlyDji : row.videoOnly;
         quint64 pos = topWalk(true);
+        s.carve.mediaBytes = size - qMin(pos, size);
         bool found = false;
         auto seek = [&](quint64 from, quint64 step) {
             for (quint64 q = from; q < size && !s.bStopRepair;) {
@@ -282,7 +302,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             found = seek(L ? next : pos + 1, carve::kPaddingOuter + 1);
         }
         finishFiles();
-        RunMuxStage(row.mux, args, 0);
+        if (!writesFailed(nullptr))
+            RunMuxStage(row.mux, args, 0);
         return;
     }
 
@@ -475,11 +496,15 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             h[i] = quint8(s.nAdtsBytes[i]);
         audioOut.write(h, sizeof h);
         audioOut.copy(f, start, n);
+        ++s.carve.soundFrames;
+        s.carve.soundBytes += n;
+        s.carve.claimedBytes += n;
     };
 
     enum class State { First, Video, Audio, Choice, End };
     State state = State::First;
     quint64 pos = topWalk(false);
+    s.carve.mediaBytes = size - qMin(pos, size);
     // Parameter sets written and no unit since: they aren't written again.
     // Each pass that loses a byte would otherwise add a copy, so a damaged
     // stretch would grow the stream by some forty times its own size.
@@ -648,6 +673,9 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                     const int len = Mp3FrameLength(bytesAt(pos, tmp, 4));
                     if (len > 0) {
                         audioOut.copy(f, pos, quint64(qMin<quint64>(quint64(len), size - pos)));
+                        ++s.carve.soundFrames;
+                        s.carve.soundBytes += quint64(len);
+                        s.carve.claimedBytes += quint64(len);
                         pos += quint64(len);
                         behindFrame = true;
                         continue;
@@ -771,7 +799,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     }
     audioOut.detach();
     finishFiles();
-    RunMuxStage(row.mux, args, 1);
+    if (!writesFailed(&audioOut))
+        RunMuxStage(row.mux, args, 1);
 }
 
 namespace carve {

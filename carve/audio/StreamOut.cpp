@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <atomic>
+#include <cstring>
 #include <cerrno>
 #include <condition_variable>
 #include <deque>
@@ -23,14 +24,23 @@ constexpr size_t kPiece = 1 << 20;
 std::atomic<bool> g_kernelCopy{true};
 std::atomic<bool> g_background{true};
 
-void writeAllAt(int fd, const char *p, size_t n, quint64 at)
+// Writes all n bytes, or notes in `error` why not (the first reason stays).
+void writeAllAt(int fd, const char *p, size_t n, quint64 at, std::atomic<int> &error)
 {
-    while (fd >= 0 && n) {
+    if (fd < 0 && n) {
+        int none = 0;
+        error.compare_exchange_strong(none, EBADF);
+        return;
+    }
+    while (n) {
         const ssize_t w = ::pwrite(fd, p, n, off_t(at));
         if (w < 0 && errno == EINTR)
             continue;
-        if (w <= 0)
-            break; // a full disk: the mux stage gets what was written
+        if (w <= 0) {
+            int none = 0;
+            error.compare_exchange_strong(none, w < 0 ? errno : ENOSPC); // a full disk, a file too large
+            return;
+        }
         p += w;
         n -= size_t(w);
         at += quint64(w);
@@ -43,7 +53,7 @@ void writeAllAt(int fd, const char *p, size_t n, quint64 at)
 class BackgroundWriter
 {
 public:
-    explicit BackgroundWriter(int fd) : m_fd(fd), m_thread([this] { run(); }) {}
+    BackgroundWriter(int fd, std::atomic<int> &error) : m_fd(fd), m_error(error), m_thread([this] { run(); }) {}
     ~BackgroundWriter()
     {
         {
@@ -88,7 +98,7 @@ private:
             m_queue.pop_front();
             m_busy = true;
             lock.unlock();
-            writeAllAt(m_fd, job.first.constData(), size_t(job.first.size()), job.second);
+            writeAllAt(m_fd, job.first.constData(), size_t(job.first.size()), job.second, m_error);
             job.first.resize(0); // keeps its capacity for the next round
             lock.lock();
             m_busy = false;
@@ -98,6 +108,7 @@ private:
     }
 
     int m_fd;
+    std::atomic<int> &m_error;
     std::mutex m_mutex;
     std::condition_variable m_wake, m_done;
     std::deque<std::pair<QByteArray, quint64>> m_queue;
@@ -107,6 +118,12 @@ private:
 };
 
 void StreamOut::SetKernelCopy(bool on) { g_kernelCopy = on; }
+
+QString StreamOut::errorText() const
+{
+    const int e = m_error.load();
+    return e ? QString::fromLocal8Bit(std::strerror(e)) : QString();
+}
 void StreamOut::SetBackgroundWrites(bool on) { g_background = on; }
 
 StreamOut::StreamOut(QFile *file) : m_file(file), m_kernelCopy(g_kernelCopy)
@@ -228,6 +245,11 @@ void StreamOut::flushChain()
         const ssize_t n = ::copy_file_range(src.fd(), &in, m_fd, &out, size_t(qMin<quint64>(left, 1 << 30)), 0);
         if (n < 0 && errno == EINTR)
             continue;
+        if (n < 0 && (errno == ENOSPC || errno == EIO || errno == EFBIG || errno == EDQUOT)) {
+            int none = 0;
+            m_error.compare_exchange_strong(none, errno);
+            return;
+        }
         if (n <= 0)
             break;
         left -= quint64(n);
@@ -240,7 +262,7 @@ void StreamOut::flushChain()
         flushBuffer();
     }
     for (quint64 c : m_codes)
-        writeAllAt(m_fd, reinterpret_cast<const char *>(carve::kStartCode), 4, begin + c);
+        writeAllAt(m_fd, reinterpret_cast<const char *>(carve::kStartCode), 4, begin + c, m_error);
     m_codes.clear();
 }
 
@@ -249,7 +271,7 @@ void StreamOut::flushBuffer()
     const quint64 n = quint64(m_buf.size());
     if (n >= quint64(kFlush) && m_fd >= 0 && g_background) {
         if (!m_writer)
-            m_writer.reset(new BackgroundWriter(m_fd));
+            m_writer.reset(new BackgroundWriter(m_fd, m_error));
         m_writer->submit(std::move(m_buf), m_off);
         m_off += n;
         m_buf = m_writer->spare();
@@ -257,7 +279,7 @@ void StreamOut::flushBuffer()
             m_buf.reserve(kFlush + int(kPiece));
         return;
     }
-    writeAllAt(m_fd, m_buf.constData(), size_t(n), m_off);
+    writeAllAt(m_fd, m_buf.constData(), size_t(n), m_off, m_error);
     m_off += n;
     m_buf.clear();
 }

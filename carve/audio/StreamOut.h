@@ -13,6 +13,8 @@
 // flushed at the start and must not be written to until detach().
 
 #include <QByteArray>
+#include <QString>
+#include <atomic>
 #include <QtGlobal>
 #include <memory>
 #include <vector>
@@ -38,6 +40,10 @@ public:
     // pos. pos + 4 + len must lie within the file.
     void unit(BufferedReader &src, quint64 pos, quint64 len);
     void flush();
+    // Why a write failed (an errno value; 0 while every byte got there).
+    // Call after flush() or detach() for the whole story.
+    int error() const { return m_error.load(); }
+    QString errorText() const;
 
     // Off: every byte goes through this process (what happens anyway where
     // the kernel can't copy between the two files).
@@ -60,5 +66,6 @@ private:
     BufferedReader *m_chainSrc = nullptr;
     quint64 m_chainBegin = 0, m_chainEnd = 0;
     std::vector<quint64> m_codes; // offsets of the start codes in the chain
+    std::atomic<int> m_error{0};
     std::unique_ptr<BackgroundWriter> m_writer; // made at the first full buffer
 };
