@@ -3,6 +3,7 @@
 // which stage follows.
 
 #include "carve/audio/AudioConstants.h"
+#include "carve/video/CarveConstants.h"
 #include "carve/video/CarveFamily.h"
 #include "carve/video/WorkFiles.h"
 #include "repair/ThreadVideoRepair.h"
@@ -235,7 +236,8 @@ void ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
         }
         if (!isMdat && size == 0)
             break;
-        if (size == 0 || P + size <= P)
+        // An atom that would run past the end of the sample is no atom here.
+        if (size < carve::kAtomHeader || P < 4 || size > s.ullFileSize - qMin<quint64>(s.ullFileSize, P - 4))
             break;
         P += size;
     }

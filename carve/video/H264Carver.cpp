@@ -82,7 +82,8 @@ bool ThreadVideoRepair::H264TopLevelWalk(const CarverRow &row, BufferedReader &f
         } else {
             return false;
         }
-        if (size == 0 || p + size < p)
+        // An atom that would run past the end of the file is no atom here.
+        if (size < carve::kAtomHeader || p < 4 || size > f.size() - qMin(f.size(), p - 4))
             return false;
         s.ullScanPos = p + size;
     }
