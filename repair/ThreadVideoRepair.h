@@ -19,13 +19,7 @@
 namespace mux {
 enum class StageId : int;
 }
-namespace carve {
-enum class Learner;
-enum class Splitter;
-enum class Finaliser;
-struct CarverRow;
-}
-class HeadList;
+#include "carve/video/CarveStages.h"
 
 class ThreadVideoRepair : public QThread
 {
@@ -100,18 +94,16 @@ public:
     void CarveH264WithMp3(CarverArgs &args);
     void CarveH264WithAac(CarverArgs &args);
 
-    // --- The H.264 carving chain ---
+    // --- The H.264 carving chain: the driver, then its stages ---
     void CarveH264(quint32 code, CarverArgs &args);
     void H264FirstRunCheck(const carve::CarverRow &row, CarverArgs &args);
     void HarvestH264Sample(const carve::CarverRow &row, CarverArgs &args);
-    bool H264TopLevelWalk(const carve::CarverRow &row, BufferedReader &f, bool &mdatSeen);
     void WriteUniqueSequences(bool video, CarverArgs &args);
-    void LearnAudio(carve::Learner id, CarverArgs &args);
+    carve::Learned LearnAudio(carve::Learner id, CarverArgs &args);
+    // The splitter, then the mux stage of what it wrote.
     void RunSplitter(carve::Splitter id, CarverArgs &args);
     void SplitH264Aac(CarverArgs &args);
     void SplitH264Mp3(CarverArgs &args);
-    // heads: the audio head list to walk; nullptr reads "/AudioUNIQUEfile.txt" into memory.
-    void SplitH264(carve::Splitter id, CarverArgs &args, HeadList *heads);
     void RunFinaliser(carve::Finaliser id, CarverArgs &args);
 
     // --- Paths of other containers ---

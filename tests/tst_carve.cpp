@@ -5,7 +5,7 @@
 #include "carve/audio/Adts.h"
 #include "carve/audio/HeadList.h"
 #include "carve/audio/Mp3Frame.h"
-#include "carve/video/CarveFamily.h"
+#include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
 #include "mux/MuxStages.h"
 #include "repair/ThreadVideoRepair.h"
@@ -98,23 +98,26 @@ struct Cli
     QString status, output;
 };
 
-// The carve alone, on the repair thread, into `location`/Repaired; ffmpeg
-// kept out of reach so only the work files come out.
+// The carve alone: the chain's stages one after the other, on a state of
+// their own, into `location`/Repaired. No thread, no ffmpeg.
 void carveOnly(const QString &file, const QString &sample, const QString &location)
 {
-    const QByteArray path = qgetenv("PATH");
-    qputenv("PATH", "");
-    mux::SetKeepWorkFiles(true);
-    pApp.reset();
-    pApp.strChosenLocation = location;
+    RepairState s;
+    s.strWorkBase = location;
+    s.bSampleHasAudio = true; // what reading the sample's moov says of these samples
     QDir().mkpath(location);
-    pApp.bSampleRun = true;
-    ThreadVideoRepair t;
-    t.SetSampleFile(sample);
-    t.StartRepair({file}, true);
-    t.wait(120000);
-    mux::SetKeepWorkFiles(false);
-    qputenv("PATH", path);
+    carve::Env env{s, nullptr, QFileInfo(file).fileName()};
+    CarverArgs a;
+    a.strSource = file;
+    a.strSample = sample;
+    const carve::CarverRow &row = carve::H264CarverRow(sample.contains("mp3") ? 4 : 0);
+    carve::HarvestH264Sample(row, a, env);
+    if (row.fullHarvest)
+        carve::WriteUniqueSequences(true, a, env);
+    const carve::Learned learned = carve::LearnAudio(row.learner, a, env);
+    if (learned.toUnique)
+        carve::WriteUniqueSequences(false, a, env);
+    QCOMPARE(carve::SplitStreams(learned.next, a, env).outcome, carve::Split::Muxable);
 }
 
 QByteArray readFile(const QString &path)
@@ -618,8 +621,7 @@ private Q_SLOTS:
         // of 0, 1 or near 4 GB in the middle of the media data, a cut. Under
         // the sanitizers each carve must end, on its own, without a bad read,
         // and the quick walk (head lookup, runs passed at once, kernel copies)
-        // must write what the plain one-position-at-a-time walk writes. ffmpeg is kept out of
-        // reach: the carve is what is tried here.
+        // must write what the plain one-position-at-a-time walk writes.
         QStringList samples;
         QList<QByteArray> clips;
         for (const QString name : {"carve_aac48.mov", "carve_mono.mov", "carve_mp3.mp4"}) {
@@ -631,9 +633,6 @@ private Q_SLOTS:
             clips << in.readAll();
             samples << sample;
         }
-        const QByteArray path = qgetenv("PATH");
-        qputenv("PATH", "");
-        mux::SetKeepWorkFiles(true);
         QRandomGenerator rng(2024);
         QTemporaryDir work;
         const QString file = work.filePath("wrecked.mov");
@@ -672,18 +671,11 @@ private Q_SLOTS:
             // The quick walk and the plain walk, which must agree here too.
             QList<QByteArray> sums[2];
             for (int reference : {0, 1}) {
-                pApp.reset();
-                pApp.strChosenLocation = work.filePath(QStringLiteral("%1-%2").arg(round).arg(reference));
-                QDir().mkpath(pApp.strChosenLocation);
+                const QString at = work.filePath(QStringLiteral("%1-%2").arg(round).arg(reference));
                 carve::SetReferenceWalk(reference);
-                ThreadVideoRepair t;
-                pApp.bSampleRun = true;
-                t.SetSampleFile(sample);
-                t.StartRepair({file}, true);
-                const bool ended = t.wait(120000);
+                carveOnly(file, sample, at);
                 carve::SetReferenceWalk(false);
-                QVERIFY2(ended, qPrintable(QStringLiteral("round %1 did not end").arg(round)));
-                const QString rep = pApp.strChosenLocation + "/Repaired/";
+                const QString rep = at + "/Repaired/";
                 qint64 stream = 0;
                 for (const char *name : {workfiles::kVideoH264, workfiles::kAudioAac}) {
                     stream += QFileInfo(rep + QString(name).mid(1)).size();
@@ -694,8 +686,6 @@ private Q_SLOTS:
             }
             QVERIFY2(sums[0] == sums[1], qPrintable(QStringLiteral("round %1").arg(round)));
         }
-        mux::SetKeepWorkFiles(false);
-        qputenv("PATH", path);
     }
 
     void fullDiskEndsFailedWithNothingLeft()

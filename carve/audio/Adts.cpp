@@ -48,9 +48,10 @@ QString SampleRateBits(qint32 rate)
     return kRates.value(rate);
 }
 
-bool BuildAdtsHeader(quint32 payloadLength, Variant variant)
+bool BuildAdtsHeader(quint32 payloadLength, Variant variant) { return BuildAdtsHeader(pApp, payloadLength, variant); }
+
+bool BuildAdtsHeader(RepairState &s, quint32 payloadLength, Variant variant)
 {
-    RepairState &s = pApp;
     if (variant == Variant::Mkv || s.nSoundSampleRate == 0 || s.nSoundSampleRate == audio::kUnsetRate)
         s.nSoundSampleRate = audio::kDefaultRate;
     // Every header says two channels, mono sound included.

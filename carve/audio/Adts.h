@@ -7,6 +7,8 @@
 #include <QString>
 #include <QtGlobal>
 
+struct RepairState;
+
 namespace adts {
 
 enum class Variant { Av1, Mpeg4, H264Hevc, Mkv };
@@ -25,5 +27,7 @@ QString SampleRateBits(qint32 rate);
 // with a log line naming the rate, when the rate has no index: the caller then
 // takes its failure path instead of ending the process.
 bool BuildAdtsHeader(quint32 payloadLength, Variant variant = Variant::H264Hevc);
+// The same on a given repair state.
+bool BuildAdtsHeader(RepairState &s, quint32 payloadLength, Variant variant = Variant::H264Hevc);
 
 } // namespace adts

@@ -4,9 +4,11 @@
 
 #include "carve/audio/AudioConstants.h"
 #include "carve/video/CarveConstants.h"
-#include "carve/video/CarveFamily.h"
+#include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
-#include "repair/ThreadVideoRepair.h"
+#include "repair/RepairState.h"
+
+#include <QFile>
 
 #include <QtDebug>
 
@@ -86,24 +88,23 @@ QByteArray builtInHeads(int count)
 
 namespace carve {
 const LearnerRow &LearnerOf(Learner id) { return kLearners[int(id)]; }
-} // namespace carve
 
-void ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
+Learned LearnAudio(Learner id, CarverArgs &args, Env &env)
 {
     const LearnerRow &row = LearnerOf(id);
-    RepairState &s = pApp;
+    RepairState &s = env.state;
     s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
     args.fpSample.reset(new BufferedReader);
     const bool opened = args.fpSample->open(args.strSample);
     BufferedReader &f = *args.fpSample;
-    s.ullFileSize = ullFileLeft = f.size();
-    workfiles::EnsureWorkFolder();
+    s.ullFileSize = env.fileLeft = f.size();
+    workfiles::EnsureWorkFolderIn(s.strWorkBase);
     if (row.audioFile) {
-        args.strAudio = workfiles::Path(row.audioFile);
+        args.strAudio = workfiles::PathIn(s.strWorkBase, row.audioFile);
         args.fpAudio.reset(new QFile(args.strAudio));
         args.fpAudio->open(QIODevice::ReadWrite | QIODevice::Truncate);
     }
-    args.strAudioHeads = workfiles::Path(workfiles::kAudioHeads);
+    args.strAudioHeads = workfiles::PathIn(s.strWorkBase, workfiles::kAudioHeads);
     QFile *heads = nullptr;
     if (row.heads) {
         args.fpAudioHeads.reset(new QFile(args.strAudioHeads));
@@ -116,9 +117,10 @@ void ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
         args.fpAudioHeads.reset();
         if (row.closeAudioFirst)
             args.fpAudio.reset();
-        if (toUnique && row.heads)
-            WriteUniqueSequences(false, args);
-        RunSplitter(row.next, args);
+        Learned next;
+        next.toUnique = toUnique && row.heads;
+        next.next = row.next;
+        return next;
     };
     if (row.audioTest == 0 && !s.bSampleHasAudio)
         return finish(false); // no sound track: straight to the splitter
@@ -147,7 +149,7 @@ void ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
             s.ullMoovPos = P;
             s.nMoovSize = f.be32(P - 4);
             // Tag by tag through the moov; mdat sends the walk back to the top.
-            for (; P < s.ullFileSize && !s.bStopRepair; ++P, --ullFileLeft) {
+            for (; P < s.ullFileSize && !s.bStopRepair; ++P, --env.fileLeft) {
                 if (f.tagAt(P, "mdat"))
                     break;
                 if (f.tagAt(P, "trak")) {
@@ -243,5 +245,7 @@ void ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
     }
     if (row.audioTest == 1 && !s.bSampleHasAudio)
         return finish(false);
-    finish(true);
+    return finish(true);
 }
+
+} // namespace carve

@@ -4,6 +4,12 @@
 
 int Mp3FrameLength(const quint8 *h)
 {
+    pApp.nMp3FrameLength = Mp3FrameSize(h);
+    return pApp.nMp3FrameLength;
+}
+
+int Mp3FrameSize(const quint8 *h)
+{
     int result = -1;
     [&] {
         if (h[0] != 0xFF || (h[1] & 0xE0) != 0xE0)
@@ -32,6 +38,5 @@ int Mp3FrameLength(const quint8 *h)
             result = kbps * 144000 / rate + (padding ? 4 : 0);
         }
     }();
-    pApp.nMp3FrameLength = result;
     return result;
 }

@@ -9,10 +9,9 @@
 #include "carve/audio/Mp3Frame.h"
 #include "carve/audio/StreamOut.h"
 #include "carve/video/CarveConstants.h"
-#include "carve/video/CarveFamily.h"
+#include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
-#include "mux/MuxStages.h"
-#include "repair/ThreadVideoRepair.h"
+#include "repair/RepairState.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -36,7 +35,6 @@ struct SplitterRow
     NalSet videoOnly;     // the branch for a sample without sound
     NalSet videoOnlyDji;  // the same for a sample with the "DJI." tag
     AudioKind audio;
-    mux::StageId mux;
 };
 
 const SplitterRow &rowOf(Splitter id)
@@ -44,10 +42,10 @@ const SplitterRow &rowOf(Splitter id)
     static const SplitterRow kRows[] = {
         {Splitter::H264Aac, "SplitH264Aac", FrameTestOf(Chain::Aac).run, FrameTestOf(Chain::Aac).run,
          FrameTestOf(Chain::Aac).first, FrameTestOf(Chain::AacVideoOnly).run, FrameTestOf(Chain::AacVideoOnlyDji).run,
-         AudioKind::AdtsHeads, mux::StageId::H264Aac},
+         AudioKind::AdtsHeads},
         {Splitter::H264Mp3, "SplitH264Mp3", FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).first,
          FrameTestOf(Chain::Mp3).first, FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).run,
-         AudioKind::Mp3Frames, mux::StageId::H264Mp3},
+         AudioKind::Mp3Frames},
     };
     for (const SplitterRow &r : kRows)
         if (r.id == id)
@@ -117,30 +115,19 @@ void SetReferenceWalk(bool on)
     g_reference = on;
     StreamOut::SetKernelCopy(!on);
 }
-} // namespace carve
 
-void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
+bool SplitterBuilt(Splitter id) { return id == Splitter::H264Aac || id == Splitter::H264Mp3; }
+
+Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
 {
-    switch (id) {
-    case Splitter::H264Aac: return SplitH264Aac(args);
-    case Splitter::H264Mp3: return SplitH264Mp3(args);
-    default: break;
+    if (!SplitterBuilt(id)) {
+        Split out;
+        out.outcome = Split::NotBuilt;
+        return out;
     }
-    // The walk of this member's recordings isn't built yet: what the sample
-    // taught stays in the work folder, and the file waits as not repaired.
-    args.fpVideo.reset();
-    args.fpAudio.reset();
-    StageNotBuilt(SplitterName(id), true);
-}
-
-void ThreadVideoRepair::SplitH264Aac(CarverArgs &args) { SplitH264(Splitter::H264Aac, args, nullptr); }
-void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { SplitH264(Splitter::H264Mp3, args, nullptr); }
-
-void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *headsIn)
-{
     const SplitterRow &row = rowOf(id);
-    RepairState &s = pApp;
-    workfiles::EnsureWorkFolder();
+    RepairState &s = env.state;
+    workfiles::EnsureWorkFolderIn(s.strWorkBase);
 
     QByteArray paramSets;
     {
@@ -153,7 +140,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     }
     int nChains = 0, nAudioRuns = -1;
     if (args.strVideo.isEmpty())
-        args.strVideo = workfiles::Path(workfiles::kVideoH264);
+        args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoH264);
     if (!args.fpVideo) {
         args.fpVideo.reset(new QFile(args.strVideo));
         args.fpVideo->open(QIODevice::ReadWrite);
@@ -200,7 +187,8 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         const int pc = size ? int(qMin<quint64>(p, size) * 100 / size) : 100;
         if (pc != lastPercent) {
             lastPercent = pc;
-            Q_EMIT setProgressvalue(pc);
+            if (env.progress)
+                env.progress->setValue(pc);
         }
     };
     auto finishFiles = [&] {
@@ -220,12 +208,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
                                  .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
                                       failed->errorText());
-        qWarning().noquote() << s.carve.failReason << "(" << strFileName << ")";
-        if (!mux::KeepWorkFiles()) {
-            QFile::remove(args.strVideo);
-            QFile::remove(args.strAudio);
-        }
-        mux::RemoveWorkFiles(row.mux);
+        qWarning().noquote() << s.carve.failReason << "(" << env.fileName << ")";
         return true;
     };
 
@@ -302,22 +285,25 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
             found = seek(L ? next : pos + 1, carve::kPaddingOuter + 1);
         }
         finishFiles();
-        if (!writesFailed(nullptr))
-            RunMuxStage(row.mux, args, 0);
-        return;
+        Split out;
+        out.withSound = 0;
+        if (writesFailed(nullptr))
+            out.outcome = Split::WriteFailed;
+        return out;
     }
 
     // With sound.
-    if (row.audio == AudioKind::AdtsHeads && !adts::BuildAdtsHeader(0)) {
+    if (row.audio == AudioKind::AdtsHeads && !adts::BuildAdtsHeader(s, 0)) {
         finishFiles();
-        pApp.bMoovParsed = false;
-        pApp.bCarveFailed = true;
-        pApp.bKeepLogHandle = true;
-        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
-        return;
+        s.bMoovParsed = false;
+        s.bCarveFailed = true;
+        s.bKeepLogHandle = true;
+        Split out;
+        out.outcome = Split::Refused;
+        return out;
     }
     if (args.strAudio.isEmpty())
-        args.strAudio = workfiles::Path(workfiles::kAudioAac);
+        args.strAudio = workfiles::PathIn(s.strWorkBase, workfiles::kAudioAac);
     if (!args.fpAudio) {
         args.fpAudio.reset(new QFile(args.strAudio));
         args.fpAudio->open(QIODevice::ReadWrite);
@@ -390,14 +376,14 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
         tagLook[quint8(c)] = true;
     s.ullAudioHeadsSize = heads->size();
     s.nAudioHeadPos = 0;
-    strSpliceName = QFileInfo(args.strSource).fileName();
-    Q_EMIT SetProgressBarRange(100);
+    if (env.progress)
+        env.progress->setRange(100);
 
     auto audioAt = [&](quint64 p) -> int {
         quint8 tmp[4];
         const quint8 *b = bytesAt(p, tmp, 4);
         if (row.audio == AudioKind::Mp3Frames) {
-            const int len = Mp3FrameLength(b);
+            const int len = Mp3FrameSize(b);
             return len > 0 ? len : 0;
         }
         // The whole list is asked each time: walking on from the last match
@@ -490,7 +476,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     };
     auto writeAdts = [&](quint64 start, quint64 n) {
         n = frameLength(n);
-        adts::BuildAdtsHeader(quint32(n));
+        adts::BuildAdtsHeader(s, quint32(n));
         quint8 h[audio::kAdtsHeaderBytes];
         for (int i = 0; i < audio::kAdtsHeaderBytes; ++i)
             h[i] = quint8(s.nAdtsBytes[i]);
@@ -670,7 +656,7 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
                 bool behindFrame = false;
                 while (pos < size && !s.bStopRepair) {
                     quint8 tmp[4];
-                    const int len = Mp3FrameLength(bytesAt(pos, tmp, 4));
+                    const int len = Mp3FrameSize(bytesAt(pos, tmp, 4));
                     if (len > 0) {
                         audioOut.copy(f, pos, quint64(qMin<quint64>(quint64(len), size - pos)));
                         ++s.carve.soundFrames;
@@ -799,11 +785,12 @@ void ThreadVideoRepair::SplitH264(Splitter id, CarverArgs &args, HeadList *heads
     }
     audioOut.detach();
     finishFiles();
-    if (!writesFailed(&audioOut))
-        RunMuxStage(row.mux, args, 1);
+    Split out;
+    if (writesFailed(&audioOut))
+        out.outcome = Split::WriteFailed;
+    return out;
 }
 
-namespace carve {
 const char *SplitterName(Splitter id)
 {
     static const char *const kNames[] = {

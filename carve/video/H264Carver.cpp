@@ -3,9 +3,9 @@
 // Ten members share this code; their differences are the rows below.
 
 #include "carve/video/CarveConstants.h"
-#include "carve/video/CarveFamily.h"
+#include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
-#include "repair/ThreadVideoRepair.h"
+#include "repair/RepairState.h"
 
 #include <QFileInfo>
 #include <QtDebug>
@@ -28,14 +28,6 @@ const CarverRow kH264Carvers[] = {
     {"CarveH264WithUlaw", 13, false, false, true, false, false, false, Finaliser::Aac192Opus, Learner::Ulaw},
 };
 
-const CarverRow &carver(quint32 code)
-{
-    for (const CarverRow &r : kH264Carvers)
-        if (r.code == code)
-            return r;
-    return kH264Carvers[0];
-}
-
 bool isLeadTag(BufferedReader &f, quint64 p)
 {
     for (const char *t : {"ftyp", "free", "meta", "wide", "uuid"})
@@ -52,11 +44,21 @@ QFile *openWork(std::unique_ptr<QFile> &slot, const QString &path)
 }
 } // namespace
 
+namespace carve {
+
+const CarverRow &H264CarverRow(quint32 code)
+{
+    for (const CarverRow &r : kH264Carvers)
+        if (r.code == code)
+            return r;
+    return kH264Carvers[0];
+}
+
+
 // The top-level walk shared by both modes. Returns true on "moov" (ullScanPos
 // at its tag), false when the walk fails: unknown tag, zero size, or a stop.
-bool ThreadVideoRepair::H264TopLevelWalk(const CarverRow &row, BufferedReader &f, bool &mdatSeen)
+bool H264TopLevelWalk(const CarverRow &row, BufferedReader &f, RepairState &s, bool &mdatSeen)
 {
-    RepairState &s = pApp;
     while (!s.bStopRepair) {
         const quint64 p = s.ullScanPos;
         quint64 size = 0;
@@ -90,32 +92,16 @@ bool ThreadVideoRepair::H264TopLevelWalk(const CarverRow &row, BufferedReader &f
     return false;
 }
 
-void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args)
+FirstRun H264FirstRunCheck(const CarverRow &row, CarverArgs &args, Env &env)
 {
-    const CarverRow &row = carver(code);
-    RepairState &s = pApp;
-    s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
-    strFileName = QFileInfo(args.strSource).fileName();
-    strCarvedName = strFileName;
-    if (row.djiTag)
-        s.bSampleHasDjiTag = false;
-    if (s.bSampleRun)
-        HarvestH264Sample(row, args);
-    else
-        H264FirstRunCheck(row, args);
-}
-
-void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args)
-{
-    RepairState &s = pApp;
+    RepairState &s = env.state;
     s.bInSoundTrak = false;
-    const QString workDir = workfiles::EnsureWorkFolder();
-    strOutputPath = workDir + "/" + strFileName;
-    s.lstMuxedFiles << strOutputPath;
+    const QString workDir = workfiles::EnsureWorkFolderIn(s.strWorkBase);
+    s.lstMuxedFiles << workDir + "/" + env.fileName;
     args.fpSample.reset(new BufferedReader);
     args.fpSample->open(args.strSource);
     BufferedReader &f = *args.fpSample;
-    s.ullFileSize = ullFileLeft = f.size();
+    s.ullFileSize = env.fileLeft = f.size();
     s.ullScanPos = 4;
 
     auto fail = [&] {
@@ -123,22 +109,22 @@ void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args
         s.bMoovParsed = false;
         s.bCarveFailed = true;
         s.bKeepLogHandle = true;
-        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+        return FirstRun::Failed;
     };
     auto remux = [&] {
         args.fpSample.reset();
-        RunFinaliser(row.finaliser, args);
+        return FirstRun::Remux;
     };
 
     bool mdatSeen = false;
     // The walk comes back here after a chunk table that can't decide, and then
     // fails on what it finds inside the moov.
-    while (!s.bStopRepair && H264TopLevelWalk(row, f, mdatSeen)) {
+    while (!s.bStopRepair && H264TopLevelWalk(row, f, s, mdatSeen)) {
         s.ullMoovPos = s.ullScanPos;
         s.nMoovSize = f.be32(s.ullScanPos - 4);
         quint64 &P = s.ullScanPos;
         bool tableMet = false;
-        for (; P < s.ullFileSize && !s.bStopRepair; ++P, --ullFileLeft) {
+        for (; P < s.ullFileSize && !s.bStopRepair; ++P, --env.fileLeft) {
             // A file cut short is not searched further.
             if (row.mdatSeenRule && mdatSeen && quint64(s.nMoovSize) + s.ullMdatSize > s.ullFileSize)
                 break;
@@ -177,22 +163,21 @@ void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args
             break;
         // A table under two entries: the walk goes on from here, and fails.
     }
-    fail();
+    return fail();
 }
 
-void ThreadVideoRepair::HarvestH264Sample(const CarverRow &row, CarverArgs &args)
+void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
 {
-    RepairState &s = pApp;
-    const QString workDir = workfiles::EnsureWorkFolder();
-    strOutputPath = workDir + "/" + strFileName;
-    s.lstMuxedFiles << strOutputPath;
+    RepairState &s = env.state;
+    const QString workDir = workfiles::EnsureWorkFolderIn(s.strWorkBase);
+    s.lstMuxedFiles << workDir + "/" + env.fileName;
     args.fpSample.reset(new BufferedReader);
     const bool opened = args.fpSample->open(args.strSample);
     BufferedReader &f = *args.fpSample;
-    s.ullFileSize = ullFileLeft = f.size();
-    args.strVideo = workfiles::Path(workfiles::kVideoH264);
-    args.strVideoHeads = workfiles::Path(workfiles::kVideoHeads);
-    args.strIndexing = workfiles::Path(workfiles::kIndexing);
+    s.ullFileSize = env.fileLeft = f.size();
+    args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoH264);
+    args.strVideoHeads = workfiles::PathIn(s.strWorkBase, workfiles::kVideoHeads);
+    args.strIndexing = workfiles::PathIn(s.strWorkBase, workfiles::kIndexing);
     QFile *video = openWork(args.fpVideo, args.strVideo);
     QFile *heads = openWork(args.fpVideoHeads, args.strVideoHeads);
     std::unique_ptr<QFile> indexingSlot;
@@ -212,12 +197,12 @@ void ThreadVideoRepair::HarvestH264Sample(const CarverRow &row, CarverArgs &args
 
     bool mdatSeen = false;
     s.ullScanPos = 4;
-    while (opened && !s.bStopRepair && H264TopLevelWalk(row, f, mdatSeen)) {
+    while (opened && !s.bStopRepair && H264TopLevelWalk(row, f, s, mdatSeen)) {
         s.ullMoovPos = s.ullScanPos;
         s.nMoovSize = f.be32(s.ullScanPos - 4);
         quint64 &P = s.ullScanPos;
         bool tableDone = false;
-        for (; P < s.ullFileSize && !s.bStopRepair && !tableDone; ++P, --ullFileLeft) {
+        for (; P < s.ullFileSize && !s.bStopRepair && !tableDone; ++P, --env.fileLeft) {
             if (f.tagAt(P, "mvhd")) {
                 s.nSampleTimeScale = f.be32(P + 16);
                 s.nSampleDuration = f.be32(P + 20);
@@ -313,21 +298,6 @@ void ThreadVideoRepair::HarvestH264Sample(const CarverRow &row, CarverArgs &args
     indexingSlot.reset();
     video->flush();
     // The video file stays open: the splitter appends the frames.
-    if (row.fullHarvest)
-        WriteUniqueSequences(true, args);
-    LearnAudio(row.learner, args);
 }
 
-#define VM_H264_ENTRY(name, code) \
-    void ThreadVideoRepair::name(CarverArgs &args) { CarveH264(code, args); }
-VM_H264_ENTRY(CarveH264WithAac, 0)
-VM_H264_ENTRY(CarveH264WithSowtPcm, 1)
-VM_H264_ENTRY(CarveH264WithMp3, 4)
-VM_H264_ENTRY(CarveH264WithTwosPcm, 5)
-VM_H264_ENTRY(CarveH264WithAc3, 8)
-VM_H264_ENTRY(CarveH264WithImaAdpcm, 9)
-VM_H264_ENTRY(CarveH264WithOpus, 10)
-VM_H264_ENTRY(CarveH264WithAlaw, 11)
-VM_H264_ENTRY(CarveH264WithLpcm, 12)
-VM_H264_ENTRY(CarveH264WithUlaw, 13)
-#undef VM_H264_ENTRY
+} // namespace carve

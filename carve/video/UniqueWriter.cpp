@@ -1,19 +1,23 @@
 // Reduces a head file of 3-byte records to its distinct records, in order of
 // first appearance, at most 10000: the lists the splitters compare against.
 
+#include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
-#include "repair/ThreadVideoRepair.h"
+#include "repair/RepairState.h"
 
+#include <QFile>
 #include <QSet>
 #include <cstdio>
 
-void ThreadVideoRepair::WriteUniqueSequences(bool video, CarverArgs &args)
+namespace carve {
+
+void WriteUniqueSequences(bool video, CarverArgs &args, Env &env)
 {
-    workfiles::EnsureWorkFolder();
-    strRepairedDir = workfiles::Path("").chopped(1);
+    const QString base = env.state.strWorkBase;
+    workfiles::EnsureWorkFolderIn(base);
     const QString input = video ? args.strVideoHeads : args.strAudioHeads;
     QString &output = video ? args.strVideoUnique : args.strAudioUnique;
-    output = workfiles::Path(video ? workfiles::kVideoUnique : workfiles::kAudioUnique);
+    output = workfiles::PathIn(base, video ? workfiles::kVideoUnique : workfiles::kAudioUnique);
 
     QFile in(input), out(output);
     const bool inOk = in.open(QIODevice::ReadOnly);
@@ -40,3 +44,5 @@ void ThreadVideoRepair::WriteUniqueSequences(bool video, CarverArgs &args)
     }
     std::fflush(stdout);
 }
+
+} // namespace carve

@@ -7,15 +7,19 @@
 
 namespace workfiles {
 
-QString EnsureWorkFolder()
+QString EnsureWorkFolderIn(const QString &workBase)
 {
-    QDir dir(pApp.strWorkBase);
+    QDir dir(workBase);
     dir.mkdir(workfolder::kRepairedName);
     dir.cd(workfolder::kRepairedName);
     return dir.absolutePath();
 }
 
-QString Path(const char *name) { return pApp.strWorkBase + "/" + workfolder::kRepairedName + name; }
+QString EnsureWorkFolder() { return EnsureWorkFolderIn(pApp.strWorkBase); }
+
+QString PathIn(const QString &workBase, const char *name) { return workBase + "/" + workfolder::kRepairedName + name; }
+
+QString Path(const char *name) { return PathIn(pApp.strWorkBase, name); }
 
 QString OutputFolder()
 {

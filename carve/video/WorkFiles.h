@@ -31,9 +31,11 @@ constexpr int kMaxUniqueRecords = 10000; // of a unique file
 // Unlike a process-wide change of directory, nothing else depends on it: the
 // external program gets the folder as its working directory instead.
 QString EnsureWorkFolder();
+QString EnsureWorkFolderIn(const QString &workBase);
 
 // Work folder path + name ("/video.h264" -> ".../Repaired/video.h264").
 QString Path(const char *name);
+QString PathIn(const QString &workBase, const char *name);
 
 // Where a stage's output is looked for: the chosen folder's "Repaired" when
 // the user picked one with Select Folder, else the work folder.

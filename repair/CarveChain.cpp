@@ -1,0 +1,153 @@
+// The carving chains on the repair thread: each stage of carve/ runs as a
+// function over the chain's files, and this driver takes the chain's row
+// through its stages in turn (harvest, unique list, sound harvest, unique
+// list, splitter, mux stage), reporting by the thread's signals. The named
+// members are the stages under the names the rest of the engine knows.
+
+#include "carve/video/CarveStages.h"
+#include "carve/video/WorkFiles.h"
+#include "mux/MuxStages.h"
+#include "repair/ThreadVideoRepair.h"
+
+#include <QFileInfo>
+#include <QtDebug>
+
+using namespace carve;
+
+namespace {
+
+// Progress of a stage, as the thread's signals.
+class ThreadProgress : public Progress
+{
+public:
+    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
+    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
+    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
+
+private:
+    ThreadVideoRepair &m_thread;
+};
+
+// The mux stage that wraps what each built splitter writes.
+mux::StageId muxStageOf(Splitter id)
+{
+    return id == Splitter::H264Mp3 ? mux::StageId::H264Mp3 : mux::StageId::H264Aac;
+}
+
+} // namespace
+
+// A stage's surroundings for the file in hand; the count of bytes searched
+// comes back to the thread with carveDone().
+#define VM_STAGE_ENV                                       \
+    ThreadProgress progress(*this);                        \
+    Env env{pApp, &progress, strFileName, ullFileLeft}
+
+void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args)
+{
+    const CarverRow &row = H264CarverRow(code);
+    RepairState &s = pApp;
+    s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
+    strFileName = QFileInfo(args.strSource).fileName();
+    strCarvedName = strFileName;
+    if (row.djiTag)
+        s.bSampleHasDjiTag = false;
+    if (!s.bSampleRun) {
+        H264FirstRunCheck(row, args);
+        return;
+    }
+    HarvestH264Sample(row, args);
+    if (row.fullHarvest)
+        WriteUniqueSequences(true, args);
+    const Learned learned = LearnAudio(row.learner, args);
+    if (learned.toUnique)
+        WriteUniqueSequences(false, args);
+    RunSplitter(learned.next, args);
+}
+
+void ThreadVideoRepair::H264FirstRunCheck(const CarverRow &row, CarverArgs &args)
+{
+    VM_STAGE_ENV;
+    const FirstRun outcome = carve::H264FirstRunCheck(row, args, env);
+    ullFileLeft = env.fileLeft;
+    strOutputPath = pApp.lstMuxedFiles.value(pApp.lstMuxedFiles.size() - 1);
+    if (outcome == FirstRun::Remux)
+        RunFinaliser(row.finaliser, args);
+    else
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+}
+
+void ThreadVideoRepair::HarvestH264Sample(const CarverRow &row, CarverArgs &args)
+{
+    VM_STAGE_ENV;
+    carve::HarvestH264Sample(row, args, env);
+    ullFileLeft = env.fileLeft;
+    strOutputPath = pApp.lstMuxedFiles.value(pApp.lstMuxedFiles.size() - 1);
+}
+
+void ThreadVideoRepair::WriteUniqueSequences(bool video, CarverArgs &args)
+{
+    VM_STAGE_ENV;
+    carve::WriteUniqueSequences(video, args, env);
+    strRepairedDir = workfiles::Path("").chopped(1);
+}
+
+Learned ThreadVideoRepair::LearnAudio(Learner id, CarverArgs &args)
+{
+    VM_STAGE_ENV;
+    const Learned next = carve::LearnAudio(id, args, env);
+    ullFileLeft = env.fileLeft;
+    return next;
+}
+
+void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
+{
+    if (!SplitterBuilt(id)) {
+        // The walk of this member's recordings isn't built yet: what the sample
+        // taught stays in the work folder, and the file waits as not repaired.
+        args.fpVideo.reset();
+        args.fpAudio.reset();
+        StageNotBuilt(SplitterName(id), true);
+        return;
+    }
+    strSpliceName = QFileInfo(args.strSource).fileName();
+    VM_STAGE_ENV;
+    const Split split = SplitStreams(id, args, env);
+    switch (split.outcome) {
+    case Split::Muxable:
+        RunMuxStage(muxStageOf(id), args, split.withSound);
+        break;
+    case Split::Refused:
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+        break;
+    case Split::WriteFailed:
+        // No result: nothing of the chain is left behind.
+        if (!mux::KeepWorkFiles()) {
+            QFile::remove(args.strVideo);
+            QFile::remove(args.strAudio);
+        }
+        mux::RemoveWorkFiles(muxStageOf(id));
+        break;
+    case Split::NotBuilt:
+        StageNotBuilt(SplitterName(id), true);
+        break;
+    }
+}
+
+void ThreadVideoRepair::SplitH264Aac(CarverArgs &args) { RunSplitter(Splitter::H264Aac, args); }
+void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { RunSplitter(Splitter::H264Mp3, args); }
+
+#undef VM_STAGE_ENV
+
+#define VM_H264_ENTRY(name, code) \
+    void ThreadVideoRepair::name(CarverArgs &args) { CarveH264(code, args); }
+VM_H264_ENTRY(CarveH264WithAac, 0)
+VM_H264_ENTRY(CarveH264WithSowtPcm, 1)
+VM_H264_ENTRY(CarveH264WithMp3, 4)
+VM_H264_ENTRY(CarveH264WithTwosPcm, 5)
+VM_H264_ENTRY(CarveH264WithAc3, 8)
+VM_H264_ENTRY(CarveH264WithImaAdpcm, 9)
+VM_H264_ENTRY(CarveH264WithOpus, 10)
+VM_H264_ENTRY(CarveH264WithAlaw, 11)
+VM_H264_ENTRY(CarveH264WithLpcm, 12)
+VM_H264_ENTRY(CarveH264WithUlaw, 13)
+#undef VM_H264_ENTRY
