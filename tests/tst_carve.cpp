@@ -100,13 +100,16 @@ struct Cli
 
 // The carve alone: the chain's stages one after the other, on a state of
 // their own, into `location`/Repaired. No thread, no ffmpeg.
-void carveOnly(const QString &file, const QString &sample, const QString &location)
+void carveOnly(const QString &file, const QString &sample, const QString &location, bool learnHeads = true,
+               bool plainWalk = false)
 {
     RepairState s;
     s.strWorkBase = location;
     s.bSampleHasAudio = true; // what reading the sample's moov says of these samples
     QDir().mkpath(location);
     carve::Env env{s, nullptr, QFileInfo(file).fileName()};
+    env.learnHeads = learnHeads;
+    env.plainWalk = plainWalk;
     CarverArgs a;
     a.strSource = file;
     a.strSample = sample;
@@ -550,13 +553,11 @@ private Q_SLOTS:
         QTemporaryDir work;
         QList<QByteArray> units[2], frames[2];
         for (int learn : {0, 1}) {
-            carve::SetLearnHeads(learn);
             const QString at = work.filePath(QString::number(learn));
-            carveOnly(noMoov, samplePath, at);
+            carveOnly(noMoov, samplePath, at, learn);
             units[learn] = unitsOf(readFile(at + "/Repaired/" + QString(workfiles::kVideoH264).mid(1)));
             frames[learn] = adtsFrames(readFile(at + "/Repaired/" + QString(workfiles::kAudioAac).mid(1)));
         }
-        carve::SetLearnHeads(true);
         QProcess ff;
         const QString annexB = work.filePath("ref.h264"), adts = work.filePath("ref.aac");
         ff.start("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", healthy, "-c", "copy", "-map", "0:v", "-bsf:v",
@@ -672,9 +673,7 @@ private Q_SLOTS:
             QList<QByteArray> sums[2];
             for (int reference : {0, 1}) {
                 const QString at = work.filePath(QStringLiteral("%1-%2").arg(round).arg(reference));
-                carve::SetReferenceWalk(reference);
-                carveOnly(file, sample, at);
-                carve::SetReferenceWalk(false);
+                carveOnly(file, sample, at, true, reference);
                 const QString rep = at + "/Repaired/";
                 qint64 stream = 0;
                 for (const char *name : {workfiles::kVideoH264, workfiles::kAudioAac}) {

@@ -104,17 +104,9 @@ quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, c
     return p + i;
 }
 
-std::atomic<bool> g_reference{false};
-std::atomic<bool> g_learn{true};
 } // namespace
 
 namespace carve {
-void SetLearnHeads(bool on) { g_learn = on; }
-void SetReferenceWalk(bool on)
-{
-    g_reference = on;
-    StreamOut::SetKernelCopy(!on);
-}
 
 bool SplitterBuilt(Splitter id) { return id == Splitter::H264Aac || id == Splitter::H264Mp3; }
 
@@ -152,7 +144,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     const bool withSound = s.bSampleHasAudio;
     s.bMediaFound = s.bAudioFirst = false;
 
-    StreamOut video(args.fpVideo.get());
+    StreamOut video(args.fpVideo.get(), !env.plainWalk);
     auto bytesAt = [&](quint64 p, quint8 *tmp, size_t n) -> const quint8 * {
         const quint8 *b = f.peek(p, n);
         if (b)
@@ -308,7 +300,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         args.fpAudio.reset(new QFile(args.strAudio));
         args.fpAudio->open(QIODevice::ReadWrite);
     }
-    StreamOut audioOut(args.fpAudio.get());
+    StreamOut audioOut(args.fpAudio.get(), !env.plainWalk);
     QByteArray records;
     {
         QFile list(args.strAudioUnique);
@@ -321,7 +313,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         if (!args.strVideoUnique.isEmpty() && videoList.open(QIODevice::ReadOnly))
             videoHeads = videoList.readAll();
     }
-    if (row.audio == AudioKind::AdtsHeads && g_learn) {
+    if (row.audio == AudioKind::AdtsHeads && env.learnHeads) {
         // Heads the damaged file itself shows behind its units join the
         // sample's list, so sound of other loudness or content is still told.
         BufferedReader learnFrom;
@@ -355,7 +347,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     }
     std::unique_ptr<HeadList> ownHeads;
     HeadList *heads = headsIn;
-    if (!heads && g_reference) {
+    if (!heads && env.plainWalk) {
         ownHeads.reset(new DiskHeadList(args.strAudioUnique));
         heads = ownHeads.get();
     }
@@ -587,7 +579,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                 quint64 q = isUnit ? next : pos;
                 bool decided = false;
                 while (q < size && !s.bStopRepair && !decided) {
-                    const quint64 plain = g_reference ? q : passPlain(f, q, size, walkLook, nullptr);
+                    const quint64 plain = env.plainWalk ? q : passPlain(f, q, size, walkLook, nullptr);
                     if (plain != q) {
                         heads->reset();
                         q = plain;
@@ -704,7 +696,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
             quint64 p = pos + 1;
             bool toVideo = false;
             while (p < size && !s.bStopRepair) {
-                const quint64 plain = g_reference ? p : passPlain(f, p, size, audioLook, tagLook);
+                const quint64 plain = env.plainWalk ? p : passPlain(f, p, size, audioLook, tagLook);
                 if (plain != p) {
                     heads->reset(); // where the walk of the list ended at each of them
                     p = plain;

@@ -126,7 +126,7 @@ QString StreamOut::errorText() const
 }
 void StreamOut::SetBackgroundWrites(bool on) { g_background = on; }
 
-StreamOut::StreamOut(QFile *file) : m_file(file), m_kernelCopy(g_kernelCopy)
+StreamOut::StreamOut(QFile *file, bool kernelCopy) : m_file(file), m_kernelCopy(kernelCopy && g_kernelCopy)
 {
     if (m_file && m_file->isOpen()) {
         m_file->flush(); // what earlier stages wrote through the QFile

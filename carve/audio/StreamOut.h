@@ -26,7 +26,8 @@ class BackgroundWriter;
 class StreamOut
 {
 public:
-    explicit StreamOut(QFile *file);
+    // kernelCopy false: every byte goes through this process.
+    explicit StreamOut(QFile *file, bool kernelCopy = true);
     ~StreamOut();
     StreamOut(const StreamOut &) = delete;
     StreamOut &operator=(const StreamOut &) = delete;

@@ -62,14 +62,6 @@ struct CarverRow
 };
 
 const LearnerRow &LearnerOf(Learner id);
-// The plain walk: the audio head list read from its file record by record in
-// place of the lookup table, every position one at a time, every byte of a
-// unit through the process. Slow, and only there to prove that the quick walk
-// writes the same files.
-void SetReferenceWalk(bool on);
-// Whether the splitters add the heads learned from the damaged file to the
-// sample's list (on unless a test compares).
-void SetLearnHeads(bool on);
 const char *SplitterName(Splitter id);
 
 } // namespace carve

@@ -30,6 +30,14 @@ struct Env
     Progress *progress = nullptr;  // may be null
     QString fileName;              // the damaged file's name, for log lines
     quint64 fileLeft = 0;          // falls by one for each byte a moov search steps over
+    // The splitters add the heads learned from the damaged file to the
+    // sample's list (off only where a test compares).
+    bool learnHeads = true;
+    // The plain walk: the head list read from its file record by record in
+    // place of the lookup table, every position one at a time, every byte of
+    // a unit through the process. Slow; it proves that the quick walk writes
+    // the same files.
+    bool plainWalk = false;
 };
 
 // --- The H.264 carver family ---
