@@ -411,9 +411,8 @@ private Q_SLOTS:
     {
         QTest::addColumn<bool>("camera");
         QTest::addColumn<double>("found"); // share of ffmpeg's frames carved alike
-        // ffmpeg's layout: the rest are frames passed over behind lone units.
-        QTest::newRow("ffmpeg's chunks") << false << 0.6;
-        QTest::newRow("camera chunks") << true << 0.9;
+        QTest::newRow("ffmpeg's chunks") << false << 0.97;
+        QTest::newRow("camera chunks") << true << 0.97;
     }
 
     void carvedAacFramesEqualFfmpegs()

@@ -384,26 +384,39 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         return heads->match(b) ? 1 : 0;
     };
     // A unit that opens as the sample's units do (NAL header and the byte
-    // behind), followed by sound that opens with the first two bytes of a
-    // known head: a frame of sound of a loudness no list has seen.
-    std::vector<bool> opening(1 << 16, false), headStart(1 << 16, false);
+    // behind), followed by sound that opens with two of the three bytes of a
+    // known head: a frame of sound of a loudness no list has seen. Which byte
+    // carries the loudness depends on the kind of sound (the second in mono
+    // AAC, the third in stereo), so any two of the three will do.
+    std::vector<bool> opening(1 << 16, false), headPairs[3];
+    for (std::vector<bool> &pairs : headPairs)
+        pairs.assign(1 << 16, false);
     bool headFirst[256] = {};
     for (int i = 0; i + audio::kRecord <= videoHeads.size(); i += audio::kRecord)
         opening[quint32(quint8(videoHeads[i])) << 8 | quint8(videoHeads[i + 1])] = true;
-    for (int i = 0; i + audio::kRecord <= records.size(); i += audio::kRecord)
-    {
-        headStart[quint32(quint8(records[i])) << 8 | quint8(records[i + 1])] = true;
-        headFirst[quint8(records[i])] = true;
+    auto pairKeys = [](const quint8 *h, quint32 keys[3]) {
+        keys[0] = quint32(h[0]) << 8 | h[1];
+        keys[1] = quint32(h[0]) << 8 | h[2];
+        keys[2] = quint32(h[1]) << 8 | h[2];
+    };
+    for (int i = 0; i + audio::kRecord <= records.size(); i += audio::kRecord) {
+        const quint8 *r = reinterpret_cast<const quint8 *>(records.constData() + i);
+        quint32 keys[3];
+        pairKeys(r, keys);
+        for (int k = 0; k < 3; ++k)
+            headPairs[k][keys[k]] = true;
+        headFirst[r[0]] = true;
     }
     auto unitBeforeNewSound = [&](quint64 p, quint32 L) {
-        if (row.audio != AudioKind::AdtsHeads || p + 4 + L + 2 > size)
+        if (row.audio != AudioKind::AdtsHeads || p + 4 + L + audio::kRecord > size)
             return false;
-        quint8 a[6], b[2];
+        quint8 a[6], b[audio::kRecord];
         const quint8 *u = bytesAt(p, a, 6);
         if (!opening[quint32(u[4]) << 8 | u[5]])
             return false;
-        const quint8 *n = bytesAt(p + 4 + L, b, 2);
-        return bool(headStart[quint32(n[0]) << 8 | n[1]]);
+        quint32 keys[3];
+        pairKeys(bytesAt(p + 4 + L, b, audio::kRecord), keys);
+        return headPairs[0][keys[0]] || headPairs[1][keys[1]] || headPairs[2][keys[2]];
     };
     // A frame of quiet sound ends in zero bits, its end element (three ones)
     // and the zero bits that align it: the last two bytes are 7 shifted left.
@@ -419,7 +432,16 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         quint32 tail = quint32(b[0]) << 8 | b[1];
         while (tail && !(tail & 1))
             tail >>= 1;
-        return tail == 7;
+        if (tail != 7)
+            return false;
+        // Mono frames open with 00, as lengths do: a unit whose length leads
+        // to a unit or a known head is the unit.
+        if (test(row.gap, p)) {
+            const quint32 L = f.be32(p);
+            if (L && p + 4 + L + 6 <= size && (test(row.run, p + 4 + L) || audioAt(p + 4 + L)))
+                return false;
+        }
+        return true;
     };
     // Quiet AAC frames end in runs of zero bits: their last four bytes read as
     // a short length, and the head of the next frame as a NAL header. Where
@@ -437,7 +459,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     auto chainHolds = [&](quint64 q) {
         const quint32 L = f.be32(q);
         const quint64 next = q + 4 + L;
-        return L && (next + 6 > size || test(row.run, next) || audioAt(next));
+        return L && (next + 6 > size || test(row.run, next) || audioAt(next) || unitBeforeNewSound(q, L));
     };
     // A frame of sound that began at `start` and would end at p, where a
     // unit of length L seems to begin: if a known head stands inside that
