@@ -600,13 +600,20 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                 };
                 quint64 q = isUnit ? next : pos;
                 bool decided = false;
+                // Sound of a loudness no list knows, right behind the unit.
+                if (isUnit && q < size && unitBeforeNewSound(pos, L)) {
+                    writeUnitIfAny();
+                    pos = q;
+                    state = State::Audio;
+                    decided = true;
+                }
                 while (q < size && !s.bStopRepair && !decided) {
                     const quint64 plain = env.plainWalk ? q : passPlain(f, q, size, walkLook, nullptr);
                     if (plain != q) {
                         heads->reset();
                         q = plain;
                     }
-                    if (audioAt(q) || (q == next && isUnit && unitBeforeNewSound(pos, L))) {
+                    if (audioAt(q)) {
                         writeUnitIfAny();
                         pos = q;
                         state = State::Audio;
