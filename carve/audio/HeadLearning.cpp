@@ -28,7 +28,7 @@ constexpr size_t kLook = 6;          // bytes a unit test reads
 constexpr quint32 kValues = 1u << 24; // distinct 3-byte heads
 constexpr size_t kMaxHeads = 2000;   // at most this many learned heads are kept
 constexpr quint64 kSplitAbove = quint64(64) << 20; // smaller media data is read by one thread
-constexpr size_t kMaxPairs = size_t(1) << 20; // (head, length) pairs remembered per half, at most
+constexpr size_t kMaxPairs = size_t(1) << 18; // (head, length) pairs remembered per half, at most
 
 bool isBlankHead(const quint8 *b)
 {
