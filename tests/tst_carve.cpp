@@ -434,20 +434,7 @@ private Q_SLOTS:
         QProcess f;
         f.start("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", healthy, "-c:a", "copy", "-f", "adts", ref});
         QVERIFY(f.waitForFinished(60000));
-        auto frames = [](const QString &path) {
-            QFile file(path);
-            file.open(QIODevice::ReadOnly);
-            const QByteArray d = file.readAll();
-            QList<QByteArray> out;
-            for (int i = 0; i + 7 <= d.size();) {
-                const int len = (quint8(d[i + 3]) & 3) << 11 | quint8(d[i + 4]) << 3 | quint8(d[i + 5]) >> 5;
-                if (quint8(d[i]) != 0xFF || len < 7)
-                    break;
-                out << d.mid(i, len);
-                i += len;
-            }
-            return out;
-        };
+        auto frames = [](const QString &path) { return adtsFrames(readFile(path)); };
         const QList<QByteArray> carved = frames(work.filePath("Repaired/" + QString(workfiles::kAudioAac).mid(1)));
         const QList<QByteArray> reference = frames(ref);
         QVERIFY(!reference.isEmpty());
