@@ -8,13 +8,17 @@
 #include "repair/WorkFolder.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QTreeWidget>
 #include <QtTest>
+#include <atomic>
 #include <functional>
 
 // The settings store and the translation folder must be set before the
@@ -34,11 +38,7 @@
 class TestWindow : public VideoRepairWindow
 {
 public:
-    struct Run
-    {
-        QStringList list;
-        bool sample;
-    };
+    struct Run { QStringList list; bool sample; };
     QList<Run> runs;
     bool realRun = false;
     qint64 freeBytes = -1; // -1: ask the volume
@@ -70,10 +70,7 @@ public:
         m_timer.start(10);
     }
     void queue(const Answer &a) { m_answers << a; }
-    void queueButton(const QString &objectName)
-    {
-        queue([objectName](QWidget *d) { click(d, objectName); });
-    }
+    void queueButton(const QString &objectName) { queue([objectName](QWidget *d) { click(d, objectName); }); }
     static void click(QWidget *dialog, const QString &objectName)
     {
         if (auto *b = dialog->findChild<QPushButton *>(objectName))
@@ -119,18 +116,50 @@ private:
     QWidget *m_last = nullptr;
 };
 
-inline void writeFile(const QString &path, qint64 size)
+// The texts of column `c`, row by row.
+inline QStringList column(QTreeWidget *list, int c)
 {
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(QByteArray(int(size), 'x'));
+    QStringList out;
+    for (int i = 0; i < list->topLevelItemCount(); ++i)
+        out << list->topLevelItem(i)->text(c);
+    return out;
+}
+
+// Every name in `folder`, hidden ones included, sorted.
+inline QStringList entries(const QString &folder)
+{
+    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
 }
 
 inline void writeBytes(const QString &path, const QByteArray &bytes)
 {
     QFile f(path);
     QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    f.write(bytes);
+    QCOMPARE(f.write(bytes), qint64(bytes.size()));
+}
+
+// Files of `size` bytes under `folder`, sub-folders made as needed; their paths.
+inline QStringList makeFiles(const QString &folder, const QStringList &names, qint64 size = 100)
+{
+    QStringList paths;
+    for (const QString &n : names) {
+        paths << folder + "/" + n;
+        QDir().mkpath(QFileInfo(paths.last()).path());
+        writeBytes(paths.last(), QByteArray(int(size), 'x'));
+    }
+    return paths;
+}
+
+// Keeps the thread that first emits `signal` waiting until `release` is
+// released; `held` says when it waits.
+template <typename Sender, typename Signal>
+void holdFirst(Sender *sender, Signal signal, QSemaphore &release, std::atomic<bool> &held)
+{
+    auto wait = [&release, &held] {
+        if (!held.exchange(true))
+            release.acquire();
+    };
+    QObject::connect(sender, signal, sender, wait, Qt::DirectConnection);
 }
 
 // A finished run by hand: every source repaired, its result written after the

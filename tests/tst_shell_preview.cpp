@@ -23,12 +23,6 @@ QStringList recorded(const QString &record)
         return {};
     return QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts);
 }
-
-void stopPlayer(VideoRepairWindow &w)
-{
-    w.pPlayerProcess->kill();
-    w.pPlayerProcess->waitForFinished(5000);
-}
 } // namespace
 
 class TestShellPreview : public QObject
@@ -36,18 +30,13 @@ class TestShellPreview : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init()
-    {
-        pApp.reset();
-        startup::OpenSettings()->clear();
-    }
+    void init() { pApp.reset(); startup::OpenSettings()->clear(); }
 
     void playerAndArguments()
     {
         QTemporaryDir dir;
         QDir(dir.path()).mkpath("app");
         QDir(dir.path()).mkpath("bin");
-        QDir(dir.path()).mkpath("src");
         const QString record = dir.filePath("record.txt");
         const QString appDir = shellApp.strAppDir;
         const QByteArray path = qgetenv("PATH");
@@ -55,15 +44,10 @@ private Q_SLOTS:
         qputenv("PATH", dir.filePath("bin").toUtf8());
         writePlayer(dir.filePath("bin/mplayer"), record);
 
-        QStringList sources;
-        for (const char *n : {"a.mov", "b.DAT"}) {
-            sources << dir.filePath(QString("src/") + n);
-            writeFile(sources.last(), 100);
-        }
         TestWindow w;
         w.show();
         DialogAnswerer answers;
-        finishedRun(w, answers, sources);
+        finishedRun(w, answers, makeFiles(dir.filePath("src"), {"a.mov", "b.DAT"}));
         const QString work = dir.filePath("src/Repaired");
 
         // From PATH; a second click while it plays starts nothing.
@@ -74,40 +58,42 @@ private Q_SLOTS:
         QTest::qWait(300);
         QCOMPARE(recorded(record), QStringList{dir.filePath("bin/mplayer") + "|-nofs|1|" + work + "/b.mov|"});
 
+        w.pPlayerProcess->kill();
+        w.pPlayerProcess->waitForFinished(5000);
         // A double click hands over the cell's text as it stands.
-        stopPlayer(w);
         w.OnDoubleClicked(w.pRepairList->topLevelItem(1), 1);
         QTRY_COMPARE(recorded(record).size(), 2);
         QCOMPARE(recorded(record).last(), dir.filePath("bin/mplayer") + "|-vfm|1|" + work + "/b.DAT|");
-        stopPlayer(w);
+        w.pPlayerProcess->kill();
+        w.pPlayerProcess->waitForFinished(5000);
 
         // The application folder's player wins over PATH.
         writePlayer(dir.filePath("app/mplayer"), record);
         Q_EMIT w.lstRowButtons.at(0)->pButton->MousePressed(0);
         QTRY_COMPARE(recorded(record).size(), 3);
         QCOMPARE(recorded(record).last(), dir.filePath("app/mplayer") + "|-nofs|1|" + work + "/a.mov|");
-        stopPlayer(w);
+        w.pPlayerProcess->kill();
+        w.pPlayerProcess->waitForFinished(5000);
         QVERIFY(answers.seen.isEmpty());
 
         // A result deleted behind our back: said so, no player.
         QVERIFY(QFile::remove(work + "/a.mov"));
         Q_EMIT w.lstRowButtons.at(0)->pButton->MousePressed(0);
-        QCOMPARE(answers.seen, QStringList{"File Not Found | The repaired file is no longer there:\n" + work +
-                                           "/a.mov"});
+        QCOMPARE(answers.seen.size(), 1);
+        QVERIFY(answers.seen.first().startsWith("File Not Found"));
         QCOMPARE(recorded(record).size(), 3);
 
         // No player at all, or one that can't start: how to install it.
-        const QString install = "Player Not Found | Preview needs MPlayer, which could not be started.\nInstall it "
-                                "with: sudo apt-get install mplayer";
         QFile::remove(dir.filePath("app/mplayer"));
         qputenv("PATH", "");
         answers.seen.clear();
         Q_EMIT w.lstRowButtons.at(1)->pButton->MousePressed(1);
-        QCOMPARE(answers.seen, QStringList{install});
+        QCOMPARE(answers.seen.filter("Player Not Found").size(), 1);
         writeBytes(dir.filePath("app/mplayer"), "#!/nonexistent/interpreter\n");
         QFile::setPermissions(dir.filePath("app/mplayer"), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
         w.OnDoubleClicked(w.pRepairList->topLevelItem(1), 1);
-        QCOMPARE(answers.seen, (QStringList{install, install}));
+        QCOMPARE(answers.seen.filter("Player Not Found").size(), 2);
+        QCOMPARE(recorded(record).size(), 3);
 
         // Exit stops a player that still runs.
         writePlayer(dir.filePath("app/mplayer"), record);
