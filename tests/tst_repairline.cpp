@@ -1,4 +1,4 @@
-// The work-log cipher: lines come back as written, tampered text gives an
+// The work-log cipher: a line deciphers to what was put in, tampered text gives an
 // empty line, and the layout (version, flags, chaining) stays readable.
 
 #include "repair/RepairLine.h"
