@@ -18,10 +18,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <csignal>
 #include <cstdio>
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using fixtures::digest;
@@ -683,26 +680,17 @@ private Q_SLOTS:
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
         QTemporaryDir work;
         const QString err = work.filePath("stderr.txt"), out = work.filePath("stdout.txt");
-        const pid_t pid = fork();
-        QVERIFY(pid >= 0);
-        if (pid == 0) {
-            std::signal(SIGXFSZ, SIG_IGN);
-            rlimit lim{64 << 10, 64 << 10};
-            if (setrlimit(RLIMIT_FSIZE, &lim) != 0)
-                _exit(3);
+        const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
             if (!std::freopen(qPrintable(err), "w", stderr) || !std::freopen(qPrintable(out), "w", stdout))
-                _exit(4);
+                return 4;
             const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), s = sample.toUtf8(), f = noMoov.toUtf8();
             execl(cli.constData(), cli.constData(), "repair", "--verbose", "--work", w.constData(), "--sample",
                   s.constData(), "--", f.constData(), static_cast<char *>(nullptr));
-            _exit(5);
-        }
-        int status = 0;
-        QCOMPARE(waitpid(pid, &status, 0), pid);
-        QVERIFY(WIFEXITED(status));
-        if (WEXITSTATUS(status) == 3)
+            return 5;
+        });
+        if (status < 0)
             QSKIP("no file size limit here");
-        QCOMPARE(WEXITSTATUS(status), 1);
+        QCOMPARE(status, 1);
         QFile o(out), e(err);
         QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
         QVERIFY(o.readAll().startsWith("Failed"));

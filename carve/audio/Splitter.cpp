@@ -15,6 +15,7 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QSet>
 #include <QtDebug>
 #include <atomic>
 #include <cstring>
@@ -324,14 +325,18 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
             LearnHeadsBehindUnits(learnFrom, topWalk(false), row.run, videoHeads, &s.bStopRepair);
         const double seconds = double(clock.nsecsElapsed()) / 1e9;
         records.truncate(records.size() - records.size() % audio::kRecord);
+        auto key = [](const char *r) {
+            return quint32(quint8(r[0])) << 16 | quint32(quint8(r[1])) << 8 | quint8(r[2]);
+        };
+        QSet<quint32> known;
+        for (int k = 0; k + audio::kRecord <= records.size(); k += audio::kRecord)
+            known.insert(key(records.constData() + k));
         int added = 0;
         for (int i = 0; i + audio::kRecord <= learned.records.size(); i += audio::kRecord) {
-            const QByteArray r = learned.records.mid(i, audio::kRecord);
-            bool known = false;
-            for (int k = 0; k < records.size() && !known; k += audio::kRecord)
-                known = records.mid(k, audio::kRecord) == r;
-            if (!known) {
-                records += r;
+            const char *r = learned.records.constData() + i;
+            if (!known.contains(key(r))) {
+                known.insert(key(r));
+                records.append(r, audio::kRecord);
                 ++added;
             }
         }

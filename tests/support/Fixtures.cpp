@@ -1,5 +1,10 @@
 #include "Fixtures.h"
 
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -677,6 +682,22 @@ QList<Atom> topLevelAtoms(const QString &path)
         offset += a.size;
     }
     return atoms;
+}
+
+int inChildWithFileLimit(quint64 maxFileBytes, const std::function<int()> &body)
+{
+    const pid_t pid = fork();
+    if (pid < 0)
+        return -1;
+    if (pid == 0) {
+        std::signal(SIGXFSZ, SIG_IGN);
+        const rlimit lim{rlim_t(maxFileBytes), rlim_t(maxFileBytes)};
+        _exit(setrlimit(RLIMIT_FSIZE, &lim) == 0 ? body() : 125);
+    }
+    int status = 0;
+    if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status) || WEXITSTATUS(status) == 125)
+        return -1;
+    return WEXITSTATUS(status);
 }
 
 } // namespace fixtures

@@ -11,6 +11,7 @@
 #include <QString>
 #include <QVector>
 #include <QStringList>
+#include <functional>
 
 namespace fixtures {
 
@@ -84,6 +85,12 @@ struct Atom {
     QByteArray type;
 };
 QList<Atom> topLevelAtoms(const QString &path);
+
+// Runs body in a child process whose files may not grow past maxFileBytes
+// (a write beyond fails instead of killing it) and returns the exit status
+// the child passed to _exit (body's return value); -1 when the limit can't
+// be set here or the child didn't exit normally.
+int inChildWithFileLimit(quint64 maxFileBytes, const std::function<int()> &body);
 
 // SHA-1 of a file's bytes (empty when it can't be read): "unchanged" checks.
 QByteArray digest(const QString &path);
