@@ -194,6 +194,7 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
                 QFile::remove(outDir + "/" + name);
                 s.carve.failReason = QStringLiteral("Could not write %1: %2").arg(name, QLatin1String(why));
                 qWarning().noquote() << s.carve.failReason;
+                s.carve.fail(outcome::Why::WriteFailed, QLatin1String(why));
                 break;
             }
         }

@@ -114,6 +114,7 @@ void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
     const Split split = SplitStreams(id, args, env);
     switch (split.outcome) {
     case Split::Muxable:
+        pApp.carve.carved = true;
         RunMuxStage(muxStageOf(id), args, split.withSound);
         break;
     case Split::Refused:

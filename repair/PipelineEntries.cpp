@@ -9,6 +9,7 @@
 void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
 {
     qDebug().noquote() << "Recording type not handled yet:" << what << "in" << strFileName;
+    pApp.carve.fail(outcome::Why::NotHandled, QString::fromLatin1(what));
     if (!atomPipeline)
         return;
     pApp.bCarveFailed = true;

@@ -5,6 +5,8 @@
 // a run or to stop one. Those flags are atomics so a late read only delays a
 // stop and never tears.
 
+#include "repair/Outcome.h"
+
 #include <QString>
 #include <QStringList>
 #include <QtGlobal>
@@ -122,6 +124,17 @@ struct RepairState
         quint64 mediaBytes = 0;   // bytes of media data walked
         quint64 claimedBytes = 0; // of them, taken into a stream
         QString failReason;       // why the file has no result, when a write failed
+        bool carved = false;      // the result comes from the carve
+        outcome::Why why = outcome::Why::None; // why the file has no (full) result
+        QString whyDetail;
+        // Notes the first reason; a later one doesn't hide the cause.
+        void fail(outcome::Why w, const QString &detail)
+        {
+            if (why == outcome::Why::None) {
+                why = w;
+                whyDetail = detail;
+            }
+        }
     } carve;
 
     // Puts every field back to its start value (tests and a fresh process).

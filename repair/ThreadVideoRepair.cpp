@@ -7,7 +7,10 @@
 #include <QFileInfo>
 #include <QtDebug>
 
-ThreadVideoRepair::ThreadVideoRepair(QObject *parent) : QThread(parent) {}
+ThreadVideoRepair::ThreadVideoRepair(QObject *parent) : QThread(parent)
+{
+    qRegisterMetaType<outcome::FileReport>();
+}
 
 ThreadVideoRepair::~ThreadVideoRepair()
 {
@@ -201,6 +204,15 @@ void ThreadVideoRepair::RepairDriver(const QStringList &list, const QString &sam
         }
         CloseLog();
         pSource.close();
+        if (!pApp.bStopRepair) {
+            outcome::FileReport report;
+            report.why = pApp.carve.why;
+            report.detail = pApp.carve.whyDetail;
+            report.carved = pApp.carve.carved;
+            report.mediaBytes = pApp.carve.mediaBytes;
+            report.claimedBytes = pApp.carve.claimedBytes;
+            Q_EMIT FileReported(i, strFileName.isEmpty() ? info.fileName() : strFileName, report);
+        }
         if (leave)
             break;
         Q_EMIT OverAllProgressValue(i + 1, (i + 1) * 100 / count, count);

@@ -169,6 +169,9 @@ Q_SIGNALS:
     void WriteProcessingStatus(const QString &fileName);
     void WriteAVIFileStatus(bool hasVideoStrh, const QString &fileNmae);
     void ffmpegstopbtn();
+    // Once per file of the list (index into it), after its last verdict:
+    // why it has no result and how much of it a carve used.
+    void FileReported(int index, const QString &fileName, const outcome::FileReport &report);
 
 protected:
     void run() override;

@@ -202,6 +202,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                                  .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
                                       failed->errorText());
         qWarning().noquote() << s.carve.failReason << "(" << env.fileName << ")";
+        s.carve.fail(outcome::Why::WriteFailed, failed->errorText());
         return true;
     };
 
