@@ -5,6 +5,7 @@
 #include "mux/MuxStages.h"
 
 #include "carve/video/WorkFiles.h"
+#include "containers/Mp4Info.h"
 #include "repair/ThreadVideoRepair.h"
 
 #include <QDir>
@@ -87,6 +88,18 @@ const Stage kStages[] = {
 static_assert(sizeof kStages / sizeof kStages[0] == size_t(StageId::Count), "one stage per StageId, in order");
 
 qint64 sizeOf(const QString &path) { return QFileInfo(path).size(); }
+
+// The sample's exact frame rate, in a run that has a sample; empty otherwise.
+QString sampleRate(RepairState &s)
+{
+    s.strExactRate.clear();
+    if (s.bSampleRun && !s.strSampleFile.isEmpty()) {
+        const mp4info::Rate rate = mp4info::ExactRate(mp4info::ReadFile(s.strSampleFile).video);
+        if (rate.known())
+            s.strExactRate = rate.text();
+    }
+    return s.strExactRate;
+}
 } // namespace
 
 const Stage &StageOf(StageId id) { return kStages[int(id)]; }
@@ -170,6 +183,9 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         s.nMuxFps = FrameRate(s.nSampleFrames, s.nSampleDuration, s.nSampleTimeScale);
         v.fps = QString::number(s.nMuxFps);
     }
+    v.exactRate = sampleRate(s);
+    // With the exact rate there is no second result at a whole rate to offer.
+    const bool secondTry = (stage.flags & kSecondTryAtSampleRate) && v.exactRate.isEmpty();
     if (stage.flags & kPcmDescription) {
         const PcmDescription pcm = DescribePcm(s.nSoundBits, s.nSoundSampleRate, s.nSoundChannels);
         v.fmt = pcm.fmt;
@@ -224,7 +240,7 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
 
     if (withAudio) {
         run(stage.first, out);
-        const bool unusualRate = (stage.flags & kSecondTryAtSampleRate) && RateOutsideUsual(s.nMuxFps);
+        const bool unusualRate = secondTry && RateOutsideUsual(s.nMuxFps);
         if (unusualRate)
             run(RowId::H264AacMuxAlt, strAltName);
         bool fallBack = false;
@@ -244,7 +260,7 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         const RunResult res = run(stage.videoOnly, out);
         if (stage.flags & kLogVideoOnlyExit)
             qDebug() << "ffmpeg exit code" << res.exitCode;
-        if ((stage.flags & kSecondTryAtSampleRate) && RateOutsideUsual(s.nMuxFps))
+        if (secondTry && RateOutsideUsual(s.nMuxFps))
             run(stage.videoOnly, strAltName);
     }
 
@@ -305,6 +321,7 @@ bool ThreadVideoRepair::RunMuxRow(const QString &rowName, CarverArgs &args, cons
     v.stem = QFileInfo(out).fileName().section('.', 0, 0);
     s.nMuxFps = FrameRate(s.nSampleFrames, s.nSampleDuration, s.nSampleTimeScale);
     v.fps = QString::number(s.nMuxFps);
+    v.exactRate = sampleRate(s);
     const PcmDescription pcm = DescribePcm(s.nSoundBits, s.nSoundSampleRate, s.nSoundChannels);
     v.fmt = pcm.fmt;
     v.rate = QString::number(pcm.rate);

@@ -131,8 +131,24 @@ QStringList RowNames()
 QStringList BuildArguments(const Row &row, const Values &values)
 {
     QStringList args;
-    for (const QString &token : QString::fromLatin1(row.arguments).split(' ', Qt::SkipEmptyParts)) {
-        const QString filled = fill(token, values);
+    const QStringList tokens = QString::fromLatin1(row.arguments).split(' ', Qt::SkipEmptyParts);
+    bool rawVideoAtExactRate = false;
+    for (int i = 0; i < tokens.size(); ++i) {
+        const QString &token = tokens.at(i);
+        QString filled = fill(token, values);
+        // Departure from the fixed 30 (or whole frames per second): a raw
+        // stream muxed at the sample's exact rate keeps its speed and its sync.
+        const bool rateOfRawVideo = i > 0 && (tokens.at(i - 1) == "-r" || tokens.at(i - 1) == "-framerate") &&
+                                    tokens.value(i + 1) == "-i" && tokens.value(i + 2) == "{video}";
+        if (rateOfRawVideo && !values.exactRate.isEmpty()) {
+            filled = values.exactRate;
+            rawVideoAtExactRate = true;
+        }
+        // A raw stream has no presentation times: ffmpeg starts a stream with
+        // B-frames two frames early, and the edit list that follows hides
+        // them. Starting at zero shows every frame and keeps the length.
+        if (rawVideoAtExactRate && i == tokens.size() - 1 && (token == "{out}" || token == "{alt}"))
+            args << "-avoid_negative_ts" << "make_zero";
         // A file name that ffmpeg would read as an option or a protocol is
         // made a plain path; ordinary names stay as they are.
         args << (isFileToken(token) ? FileArgument(filled) : filled);

@@ -53,6 +53,10 @@ QStringList RowNames();
 struct Values
 {
     QString video, audio, source, in, out, alt, stem, fps, fmt, rate, ch;
+    // The sample's exact frame rate ("30000/1001", "25"); when set it replaces
+    // the rate a row gives the raw video stream ("-r 30", "-r {fps}",
+    // "-framerate {fps}").
+    QString exactRate;
 };
 
 QStringList BuildArguments(const Row &row, const Values &values);

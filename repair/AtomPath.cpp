@@ -3,7 +3,10 @@
 
 #include "repair/ThreadVideoRepair.h"
 
+#include "containers/Mp4Info.h"
+
 #include <QFileInfo>
+#include <QtDebug>
 
 namespace {
 using Entry = void (ThreadVideoRepair::*)(CarverArgs &);
@@ -64,8 +67,39 @@ bool ThreadVideoRepair::RunAtomPipelines(CarverArgs &args, const QString &entry)
     return false;
 }
 
+bool ThreadVideoRepair::SampleDiffers(const QString &entry, const QString &sample)
+{
+    BufferedReader recording(size_t(1) << 20);
+    if (!recording.open(entry))
+        return false;
+    const mp4info::Info rec = mp4info::Read(recording);
+    const mp4info::Codec codec = rec.video.present ? mp4info::Codec::Unknown : mp4info::DetectNalCodec(recording);
+    const QString differs = mp4info::Differences(rec, codec, mp4info::ReadFile(sample));
+    if (differs.isEmpty())
+        return false;
+    qDebug().noquote() << "Sample and recording differ:" << differs;
+    pApp.carve.fail(outcome::Why::WrongSample, differs);
+    return true;
+}
+
+void ThreadVideoRepair::NoteEmptyFile(const QString &entry)
+{
+    BufferedReader file(size_t(1) << 20);
+    if (file.open(entry) && !mp4info::StartsLikeMp4(file) &&
+        mp4info::DetectNalCodec(file) == mp4info::Codec::Unknown)
+        pApp.carve.fail(outcome::Why::NothingFound, QStringLiteral("no video data in the file"));
+}
+
 bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
 {
+    // A sample from another camera or with other settings would teach the
+    // carve patterns the recording doesn't have: the file waits, saying why.
+    if (pApp.bSampleRun && !sample.isEmpty() && SampleDiffers(entry, sample)) {
+        if (!pApp.bStopRepair)
+            Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+        pSource.close();
+        return false;
+    }
     bool moovFound = false;
     if (!sample.isEmpty() || pApp.bSampleRun)
         moovFound = ScanSampleFile(sample);
@@ -73,6 +107,8 @@ bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
         moovFound = WalkDamagedFile();
 
     bool runSwitch = moovFound;
+    if (!moovFound && !pApp.bSampleRun)
+        NoteEmptyFile(entry);
     if (!moovFound) {
         if (!pApp.bStopRepair)
             Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);

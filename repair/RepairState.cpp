@@ -32,6 +32,7 @@ void RepairState::reset()
     carve = CarveReport();
     strFfmpegDir.clear();
     strProbedFps.clear();
+    strExactRate.clear();
     bMuxStageRan = bListMuxedFiles = bNoAudioForMux = false;
     nMuxFps = 0;
     nMuxRate = 48000;

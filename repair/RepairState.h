@@ -82,6 +82,7 @@ struct RepairState
     QString strFfmpegDir;
     QProcess *procFfmpeg = nullptr;
     QString strProbedFps;
+    QString strExactRate; // the sample's frame rate as the last mux gave it ("30000/1001")
     bool bMuxStageRan = false;
     bool bListMuxedFiles = false;
     std::atomic<bool> bInMuxStage{false};

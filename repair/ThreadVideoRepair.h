@@ -181,6 +181,11 @@ private:
     void SetUpWorkFolder();
     // Returns true when a stop means the whole loop must be left.
     bool AtomPath(const QString &entry, const QString &sample);
+    // True (with the reason noted) when the sample's codec, frame size or
+    // sound differ from what the recording shows of its own.
+    bool SampleDiffers(const QString &entry, const QString &sample);
+    // Notes "nothing recoverable" for a file with no atoms and no NAL units.
+    void NoteEmptyFile(const QString &entry);
     bool RunAtomPipelines(CarverArgs &args, const QString &entry);
     void AsfPath(const QString &sample);
     void MkvOrMpegPath(const QString &sample, bool mkv);

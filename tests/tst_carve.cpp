@@ -313,7 +313,8 @@ private Q_SLOTS:
             {aac, "carve_aac48_tone_sample", 1, "nomoov", 0.99, 0.97},
             {aac, "carve_aac48_bursts_sample", 0.5, "nomoov", 0.99, 0.97},
             {aac, "carve_aac48_hush_sample", 1, "moovzero", 0.99, 0.97},
-            {aac, "carve_aac48_tone_sample", 0.5, "cut", 0.99, 0.97},
+            // The cut takes the sound of the last half second of picture.
+            {aac, "carve_aac48_tone_sample", 0.5, "cut", 0.99, 0.9},
             {aac, "carve_aac48_sample", 1, "stopped", 0.99, 0.97},
             // Sound that changes character halfway: loud noise, then a soft tone.
             {"carve_mixed", "carve_aac48_tone_sample", 0, "nomoov", 0.99, 0.97},
@@ -695,7 +696,7 @@ private Q_SLOTS:
         QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
         QVERIFY(o.readAll().startsWith("Failed"));
         QVERIFY(e.readAll().contains("Could not write the carved video stream: File too large"));
-        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList{"logFile.txt"});
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
     }
 
     void badSamplesGiveAnHonestVerdict()

@@ -467,6 +467,21 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         const quint64 next = q + 4 + L;
         return L && (next + 6 > size || test(row.run, next) || audioAt(next) || unitBeforeNewSound(q, L));
     };
+    // Every AAC frame ends with its end element (three one bits) and the
+    // zero bits that align it. A known head whose bytes before don't end so
+    // stands inside a frame: a chance pattern in the sound, not a new frame.
+    auto endsFrame = [&](quint64 start, quint64 p) {
+        if (row.audio != AudioKind::AdtsHeads)
+            return true;
+        if (p < start + 2)
+            return false;
+        quint8 tmp[2];
+        const quint8 *b = bytesAt(p - 2, tmp, 2);
+        quint32 tail = quint32(b[0]) << 8 | b[1];
+        while (tail && !(tail & 1))
+            tail >>= 1;
+        return (tail & 7) == 7;
+    };
     // A frame of sound that began at `start` and would end at p, where a
     // unit of length L seems to begin: if a known head stands inside that
     // unit, no further than frames reach, the frame goes on and the unit is
@@ -480,7 +495,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         for (quint64 h = p + 4; h + audio::kRecord <= reach; ++h) {
             quint8 tmp[audio::kRecord];
             heads->reset();
-            if (heads->match(bytesAt(h, tmp, audio::kRecord)))
+            if (heads->match(bytesAt(h, tmp, audio::kRecord)) && endsFrame(start, h))
                 return true;
         }
         return false;
@@ -739,7 +754,8 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                 // One look at the bytes here decides for most positions: no head,
                 // no length prefix (00), no blank (00/FF) and no tag behind.
                 const quint8 *b = f.peek(p, carve::kPaddingInner);
-                const bool head = (b ? (heads->reset(), heads->match(b)) : audioAt(p) != 0) || quietFrameStart(start, p);
+                const bool head = ((b ? (heads->reset(), heads->match(b)) : audioAt(p) != 0) && endsFrame(start, p)) ||
+                                  quietFrameStart(start, p);
                 if (!head && b && b[0] != 0 && b[0] != 0xFF) {
                     switch (b[4]) {
                     case 'f': case 'w': case 'p': case 'm': case 'u': case 's':

@@ -58,6 +58,11 @@ const QStringList kCamMixed = camSound("if(lt(t\\,2)\\,0.5*(random(0)-0.5)\\,0.0
 const QStringList kMp3 = {"-c:a", "libmp3lame", "-b:a", "128k"};
 const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
 const QStringList kCamAac = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
+// Recording and sample at another frame rate.
+QStringList camAt(const char *source, const QString &rate, int seconds)
+{
+    return {"-f", "lavfi", "-i", QStringLiteral("%1=size=320x240:rate=%2:duration=%3").arg(source, rate).arg(seconds)};
+}
 
 QStringList audio(const QString &codec) { return {"-c:a", codec}; }
 
@@ -125,6 +130,12 @@ const QVector<Row> &table()
         {"carve_slices_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
         {"carve_wide_sample.mov", QStringList{"-f", "lavfi", "-i", "smptebars=size=640x360:rate=30:duration=3"}
                                       + kCamSampleNoise48 + kCamX264 + kCamAac},
+        {"carve_r25.mov", camAt("testsrc2", "25", 4) + kCamNoise48 + kCamX264 + kCamAac},
+        {"carve_r25_sample.mov", camAt("smptebars", "25", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
+        {"carve_r2997.mov", camAt("testsrc2", "30000/1001", 4) + kCamNoise48 + kCamX264 + kCamAac},
+        {"carve_r2997_sample.mov", camAt("smptebars", "30000/1001", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
+        {"carve_r50.mov", camAt("testsrc2", "50", 4) + kCamNoise48 + kCamX264 + kCamAac},
+        {"carve_r50_sample.mov", camAt("smptebars", "50", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
         {"carve_hevc_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
         // Elementary streams, as the carvers leave them in the work folder.
         {"es.h264", kVideo + kX264},

@@ -1,0 +1,221 @@
+// What a repair comes to: the speed a carved recording plays at, the reason a
+// file has no result, what a result holds, and what the track reader and the
+// codec probe make of recordings, samples and junk.
+
+#include "containers/Mp4Info.h"
+#include "repair/BufferedReader.h"
+#include "repair/Outcome.h"
+#include "repair/ThreadVideoRepair.h"
+#include "support/Fixtures.h"
+#include "support/MovBuilder.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using outcome::Why;
+
+namespace {
+struct Stream
+{
+    QString rate;
+    double seconds = 0;
+};
+
+// The first video and audio stream's declared rate and duration.
+QMap<QString, Stream> streams(const QString &path)
+{
+    QMap<QString, Stream> out;
+    QProcess p;
+    p.start("ffprobe", {"-v", "error", "-show_entries", "stream=codec_type,r_frame_rate,duration", "-of", "csv=p=0",
+                        path});
+    p.waitForFinished(60000);
+    for (const QString &line : QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
+        const QStringList f = line.trimmed().split(',');
+        if (!out.contains(f.value(0)))
+            out[f.value(0)] = {f.value(1), f.value(2).toDouble()};
+    }
+    return out;
+}
+
+QString randomFile(const QString &path, int bytes)
+{
+    QByteArray b(bytes, '\0');
+    QRandomGenerator rng(11);
+    for (char &c : b)
+        c = char(rng.bounded(256));
+    return mov::write(path, b) ? path : QString();
+}
+} // namespace
+
+class TestOutcome : public QObject
+{
+    Q_OBJECT
+    QTemporaryDir m_dir;
+
+private Q_SLOTS:
+    void init() { pApp.reset(); }
+
+    void carvedRecordingsKeepTheirSpeed_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<double>("chunk"); // seconds per chunk as cameras write; 0: a frame per chunk
+        QTest::addColumn<QString>("rate");
+        QTest::newRow("25 fps") << "carve_r25" << 0.0 << "25/1";
+        QTest::newRow("29.97 fps") << "carve_r2997" << 0.0 << "30000/1001";
+        QTest::newRow("29.97 fps, camera chunks") << "carve_r2997" << 0.5 << "30000/1001";
+        QTest::newRow("50 fps") << "carve_r50" << 0.0 << "50/1";
+    }
+
+    void carvedRecordingsKeepTheirSpeed()
+    {
+        QFETCH(QString, name);
+        QFETCH(double, chunk);
+        QFETCH(QString, rate);
+        auto laidOut = [&](const QString &p) { return chunk > 0 ? fixtures::cameraLayout(p, chunk) : p; };
+        VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ".mov")));
+        VM_FIXTURE(sample, laidOut(fixtures::healthy(name + "_sample.mov")));
+        VM_FIXTURE(damaged, fixtures::moovRemoved(healthy));
+        QTemporaryDir work;
+        QProcess p;
+        p.start(VM_CLI_PATH, {"repair", "--work", work.path(), "--keep-work-files", "--sample", sample, "--", damaged});
+        QVERIFY(p.waitForFinished(300000));
+        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+        QCOMPARE(line.value(0), QString("Completed"));
+        const QMap<QString, Stream> s = streams(line.value(2));
+        QCOMPARE(s["video"].rate, rate);
+        const double picture = s["video"].seconds, sound = s["audio"].seconds;
+        QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
+        // No second result at a whole rate beside it.
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList({"1_*"}, QDir::Files), QStringList());
+    }
+
+    void reasons_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<QString>("sample");
+        QTest::addColumn<int>("why");
+        QTest::addColumn<QString>("detail");
+        const QString aac = fixtures::healthy("carve_aac48.mov");
+        QFile text(m_dir.filePath("notes.txt"));
+        text.open(QIODevice::WriteOnly);
+        for (int i = 0; i < 2000; ++i)
+            text.write("A line of notes, not a recording.\n");
+        text.close();
+        QTest::newRow("text file") << text.fileName() << "" << int(Why::NothingFound) << "no video data";
+        QTest::newRow("random bytes") << randomFile(m_dir.filePath("noise.mp4"), 1 << 20) << ""
+                                      << int(Why::NothingFound) << "";
+        QTest::newRow("index lost, no sample yet") << fixtures::moovRemoved(aac) << "" << int(Why::None) << "";
+        QTest::newRow("HEVC sample for an H.264 recording")
+            << fixtures::moovRemoved(aac) << fixtures::healthy("carve_hevc_sample.mov") << int(Why::WrongSample)
+            << "codec H.264 in the recording, HEVC in the sample";
+        QTest::newRow("sample of another frame size, index kept")
+            << fixtures::cutAt(fixtures::healthy("h264_aac_faststart.mov"), 70)
+            << fixtures::healthy("carve_wide_sample.mov") << int(Why::WrongSample)
+            << "frame size 320x240 in the recording, 640x360 in the sample";
+        QTest::newRow("a kind not handled yet")
+            << fixtures::moovRemoved(fixtures::healthy("hevc_aac.mp4")) << fixtures::healthy("hevc_aac.mp4")
+            << int(Why::NotHandled) << "HEVC";
+    }
+
+    void reasons()
+    {
+        QFETCH(QString, file);
+        QFETCH(QString, sample);
+        QFETCH(int, why);
+        QFETCH(QString, detail);
+        QVERIFY(!file.isEmpty());
+        pApp.strChosenLocation = m_dir.path();
+        ThreadVideoRepair t;
+        outcome::FileReport last;
+        int reports = 0;
+        connect(&t, &ThreadVideoRepair::FileReported, this,
+                [&](int, const QString &, const outcome::FileReport &r) { last = r; ++reports; },
+                Qt::DirectConnection);
+        pApp.bSampleRun = !sample.isEmpty();
+        t.SetSampleFile(sample);
+        t.StartRepair({file}, true);
+        t.wait();
+        QCOMPARE(reports, 1);
+        QCOMPARE(int(last.why), why);
+        QVERIFY2(last.detail.contains(detail), qPrintable(last.detail));
+    }
+
+    void judgedByWhatTheResultHolds()
+    {
+        VM_FIXTURE(healthy, fixtures::healthy("h264_aac.mp4"));
+        VM_FIXTURE(soundOnly, fixtures::healthy("es.aac"));
+        if (outcome::FindFfprobe().isEmpty())
+            QSKIP("ffprobe missing");
+        const outcome::Judged ok = outcome::Judge("Completed", healthy, {}, false);
+        QCOMPARE(ok.status, QString("Completed"));
+        QCOMPARE(ok.videoFrames, qint64(50));
+        QVERIFY(qAbs(ok.audioSeconds - 2.0) < 0.1);
+        QCOMPARE(ok.mediaUsed, -1.0);
+        QVERIFY(ok.reason.isEmpty());
+
+        outcome::FileReport carved;
+        carved.carved = true;
+        carved.mediaBytes = 1000;
+        carved.claimedBytes = 870;
+        const outcome::Judged noVideo = outcome::Judge("Completed", soundOnly, carved, true);
+        QCOMPARE(noVideo.status, QString("Failed"));
+        QCOMPARE(noVideo.videoFrames, qint64(0));
+        QCOMPARE(qRound(noVideo.mediaUsed * 100), 87);
+        QVERIFY(!noVideo.reason.isEmpty());
+
+        // Without a reason from the engine: waiting for a sample, or nothing found with one.
+        QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, false).reason, outcome::ReasonText(Why::NoSample, {}));
+        QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, true).reason, outcome::ReasonText(Why::NothingFound, {}));
+    }
+
+    void tracksRatesAndCodecs()
+    {
+        using namespace mp4info;
+        VM_FIXTURE(avc, fixtures::healthy("h264_aac.mp4"));
+        VM_FIXTURE(hevc, fixtures::healthy("hevc_aac.mp4"));
+        const Info a = ReadFile(avc);
+        QVERIFY(a.moov && a.video.present && a.sound.present);
+        QCOMPARE(CodecOf(a.video.codec), Codec::H264);
+        QCOMPARE(int(a.video.width), 320);
+        QCOMPARE(ExactRate(a.video).text(), QString("25"));
+        QCOMPARE(a.sound.sampleRate, 48000u);
+
+        // The most common duration wins over a first odd one; absurd tables give no rate.
+        struct Case { QByteArray stts; quint32 scale; const char *rate; } cases[] = {
+            {mov::atom("stts", mov::zeros(4) + mov::be32(2) + mov::be32(1) + mov::be32(900) + mov::be32(99)
+                                   + mov::be32(1001)), 30000, "30000/1001"},
+            {mov::atom("stts", mov::zeros(4) + mov::be32(0xFFFFFFFF) + mov::be32(5) + mov::be32(1)), 30000, ""},
+            {mov::atom("stts", mov::zeros(4) + mov::be32(1) + mov::be32(10) + mov::be32(0)), 30000, ""},
+            {mov::stts(512), 12800, "25"},
+            {mov::stts(1001), 0, ""},
+        };
+        for (const Case &c : cases) {
+            const QByteArray stbl = mov::atom("stbl", mov::stsd(mov::sampleEntryVideo("avc1")) + c.stts);
+            const QByteArray trak = mov::atom(
+                "trak", mov::atom("mdia", mov::mdhd(c.scale) + mov::atom("minf", mov::atom("vmhd", mov::zeros(12)) + stbl)));
+            const QString path = m_dir.filePath("stts.mov");
+            QVERIFY(mov::write(path, mov::ftyp() + mov::moov({trak})));
+            const Rate r = ExactRate(ReadFile(path).video);
+            QCOMPARE(r.known() ? r.text() : QString(), QString(c.rate));
+        }
+
+        // Without their index: the units tell the codec; junk tells none.
+        const QString noise = randomFile(m_dir.filePath("junk.bin"), 4 << 20);
+        const struct { QString path; Codec codec; } probes[] = {
+            {fixtures::moovRemoved(avc), Codec::H264},
+            {fixtures::moovRemoved(hevc), Codec::Hevc},
+            {fixtures::moovRemoved(fixtures::cameraLayout(fixtures::healthy("carve_aac48.mov"), 1.0)), Codec::H264},
+            {noise, Codec::Unknown},
+        };
+        for (const auto &p : probes) {
+            BufferedReader f;
+            QVERIFY(f.open(p.path));
+            QCOMPARE(DetectNalCodec(f), p.codec);
+        }
+    }
+};
+
+QTEST_GUILESS_MAIN(TestOutcome)
+#include "tst_outcome.moc"
