@@ -1,6 +1,8 @@
 // videomend-cli as a script would use it: result lines, JSON, exit status,
-// inspect output, and names that look like options.
+// inspect output, names that look like options, what a run leaves behind,
+// Ctrl-C, and the progress line.
 
+#include "cli/ProgressLine.h"
 #include "support/Fixtures.h"
 
 #include <QCryptographicHash>
@@ -10,6 +12,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <csignal>
 
 using fixtures::digest;
 
@@ -21,11 +24,16 @@ struct Result
     QString err;
 };
 
-Result cli(const QStringList &args, const QString &cwd = QString())
+// tmp: the child's TMPDIR, when given.
+Result cli(const QStringList &args, const QString &cwd = QString(), const QString &tmp = QString())
 {
     QProcess p;
     if (!cwd.isEmpty())
         p.setWorkingDirectory(cwd);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    if (!tmp.isEmpty())
+        env.insert("TMPDIR", tmp);
+    p.setProcessEnvironment(env);
     p.start(VM_CLI_PATH, args);
     p.waitForFinished(300000);
     return {p.exitStatus() == QProcess::NormalExit ? p.exitCode() : -1, QString::fromUtf8(p.readAllStandardOutput()),
@@ -40,6 +48,26 @@ QMap<QString, QString> keyValues(const QString &text)
     return m;
 }
 
+// Every entry of a folder, hidden ones too, with the digest of each file.
+QStringList listing(const QString &dir)
+{
+    QStringList l;
+    for (const QFileInfo &i : QDir(dir).entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        l << i.fileName() + " " + digest(i.filePath()).toHex();
+    return l;
+}
+
+// A recording of some seventeen minutes without its index: long enough to stop midway.
+QString longDamaged()
+{
+    const QString src = fixtures::healthy("h264_aac.mp4"), big = fixtures::dir() + "/cli_long.mp4";
+    if (!src.isEmpty() && !QFileInfo::exists(big)
+        && QProcess::execute(fixtures::ffmpeg(), {"-nostdin", "-v", "error", "-y", "-stream_loop", "500", "-i", src,
+                                                  "-c", "copy", "-f", "mp4", big + ".part"}) == 0)
+        QFile::rename(big + ".part", big);
+    return QFileInfo::exists(big) ? fixtures::moovRemoved(big) : QString();
+}
+
 } // namespace
 
 class TestCli : public QObject
@@ -48,6 +76,20 @@ class TestCli : public QObject
     QTemporaryDir m_dir;
 
 private Q_SLOTS:
+    void helpNamesEveryOption()
+    {
+        const QList<QStringList> forms = {{"--help"}, {"-h"}, {"help"}, {"repair", "--help"}, {"inspect", "--help"}};
+        for (const QStringList &form : forms) {
+            const Result r = cli(form);
+            QCOMPARE(r.code, 0);
+            for (const char *o : {"--sample", "--out", "--work", "--keep-work-files", "--json", "--quiet", "--verbose",
+                                  "--damaged", "--version", "130"})
+                QVERIFY2(r.out.contains(o), qPrintable(form.join(' ') + " lacks " + o));
+        }
+        for (const char *v : {"--version", "-V"})
+            QVERIFY(QRegularExpression("^videomend-cli \\d+\\.\\d+").match(cli({v}).out).hasMatch());
+    }
+
     void usageErrorsExitTwo()
     {
         Result r = cli({});
@@ -106,7 +148,8 @@ private Q_SLOTS:
         QCOMPARE(lines.size(), names.size());
         for (int i = 0; i < names.size(); ++i)
             QCOMPARE(lines.at(i), QString("Awaiting Action\t%1\t-").arg(paths.at(i)));
-        QVERIFY(r.err.isEmpty()); // not a terminal: no progress bar
+        QVERIFY(!r.err.contains('\r')); // not a terminal: no progress line
+        QCOMPARE(r.err.count("no sample given"), names.size()); // why, for each file
 
         // With a sample the waiting files get the second run; JSON carries the
         // code, and --out saves without overwriting.
@@ -125,7 +168,9 @@ private Q_SLOTS:
         QCOMPARE(o["formatCode"].toInt(), 0);
         QCOMPARE(o["output"].toString(), out.filePath("-y(1).mp4"));
         QVERIFY(QFileInfo(out.filePath("-y(1).mp4")).size() > 2048);
-        QCOMPARE(digest(out.filePath("-y(1).mp4")), digest(work.filePath("Repaired/-y.mp4")));
+        QVERIFY(o["videoFrames"].toInt() > 40 && o["audioSeconds"].toDouble() > 1.5);
+        QVERIFY(o["mediaUsed"].toDouble() > 0.9 && o["reason"].isNull());
+        QVERIFY(QDir(work.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
         QCOMPARE(digest(out.filePath("-y.mp4")), digest(sampleSrc)); // never overwritten
 
         // Without ffmpeg the run still ends, with one clear line and status 2.
@@ -149,6 +194,99 @@ private Q_SLOTS:
         expected << "sample.mp4";
         expected.sort();
         QCOMPARE(left, expected);
+    }
+
+    // A file that waits for the sample run is still reported before one
+    // finished in the first run, a file named twice once; with --out nothing
+    // is left beside the sources or in TMPDIR.
+    void resultsInOrderAndOnlyInOut()
+    {
+        VM_FIXTURE(damaged, fixtures::moovRemoved(fixtures::healthy("h264_aac.mp4")));
+        VM_FIXTURE(healthy, fixtures::healthy("h264_aac.mov"));
+        QTemporaryDir src, out, tmp;
+        QVERIFY(QFile::copy(damaged, src.filePath("damaged.mp4")) && QFile::copy(healthy, src.filePath("healthy.mov")));
+        QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
+        QFile notes(src.filePath("notes.txt")), hidden(src.filePath(".hidden"));
+        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("not a video\n") > 0);
+        QVERIFY(hidden.open(QIODevice::WriteOnly) && hidden.write("other\n") > 0);
+        notes.close(), hidden.close();
+        const QStringList before = listing(src.path());
+        Result r = cli({"repair", "--sample", "sample.mp4", "--out", out.path(), "damaged.mp4", "healthy.mov",
+                        "./damaged.mp4", "notes.txt"},
+                       src.path(), tmp.path());
+        QCOMPARE(r.code, 1);
+        QCOMPARE(r.out.split('\n', Qt::SkipEmptyParts),
+                 QStringList({"Completed\tdamaged.mp4\t" + out.filePath("damaged.mp4"),
+                              "Completed\thealthy.mov\t" + out.filePath("healthy.mov"), "Failed\tnotes.txt\t-"}));
+        QCOMPARE(listing(src.path()), before);
+        QCOMPARE(QDir(out.path()).entryList(QDir::Files | QDir::Hidden), QStringList({"damaged.mp4", "healthy.mov"}));
+        QVERIFY(QDir(tmp.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
+
+        // A file not repaired: the figures are unknown and the reason is said.
+        r = cli({"repair", "--json", "notes.txt"}, src.path(), tmp.path());
+        const QJsonObject o = QJsonDocument::fromJson(r.out.toUtf8()).array().at(0).toObject();
+        for (const char *key : {"videoFrames", "audioSeconds", "mediaUsed"})
+            QVERIFY2(o.contains(key) && o[key].isNull(), key);
+        QVERIFY(!o["reason"].toString().isEmpty());
+    }
+
+    void ctrlCLeavesNothingBehind_data()
+    {
+        QTest::addColumn<bool>("elsewhere");
+        QTest::newRow("beside the source") << false;
+        QTest::newRow("--out and --work") << true;
+    }
+
+    void ctrlCLeavesNothingBehind()
+    {
+        QFETCH(bool, elsewhere);
+        VM_FIXTURE(damaged, longDamaged());
+        QTemporaryDir src, out, work, tmp;
+        QVERIFY(QFile::copy(damaged, src.filePath("long.mp4")));
+        QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
+        QFile hidden(src.filePath(".hidden"));
+        QVERIFY(hidden.open(QIODevice::WriteOnly) && hidden.write("other\n") > 0);
+        hidden.close();
+        const QStringList before = listing(src.path());
+        QStringList args = {"repair", "--verbose", "--sample", "sample.mp4", "long.mp4"};
+        if (elsewhere)
+            args << "--out" << out.path() << "--work" << work.path();
+        QProcess p;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("TMPDIR", tmp.path());
+        p.setProcessEnvironment(env);
+        p.setWorkingDirectory(src.path());
+        p.setReadChannel(QProcess::StandardError);
+        p.start(VM_CLI_PATH, args);
+        QByteArray err;
+        while (!err.contains("long.mp4: carving") && p.waitForReadyRead(60000))
+            err += p.readAllStandardError();
+        QVERIFY2(err.contains("carving"), err.constData());
+        ::kill(pid_t(p.processId()), SIGINT);
+        QVERIFY(p.waitForFinished(60000));
+        QCOMPARE(p.exitCode(), 130);
+        QCOMPARE(listing(src.path()), before);
+        for (const QTemporaryDir *d : {&out, &work, &tmp})
+            QVERIFY2(QDir(d->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), qPrintable(d->path()));
+    }
+
+    void progressNeverGoesBack()
+    {
+        // Values that go back, stages that start again, a total that shrinks
+        // when a file needs no sample run and grows back.
+        const struct { int done, total, stage; qint64 value, range; } steps[] = {
+            {0, 4, 0, 50, 100}, {0, 4, 0, 10, 100}, {0, 4, 1, 0, 100}, {1, 3, 0, 0, 0},
+            {1, 3, 0, 90, 100}, {1, 4, 0, 0, 100}, {2, 4, 3, 5, 10}, {3, 3, 0, 0, 0}};
+        cliprogress::Line line;
+        int percent = -1, bar = -1;
+        for (const auto &s : steps) {
+            const QString text = line.text(cliprogress::Overall(s.done, s.total, s.stage, s.value, s.range), "clip.mp4",
+                                           "carving", 5000);
+            const int now = QRegularExpression("(\\d+)%").match(text).captured(1).toInt();
+            QVERIFY2(now >= percent && text.count('#') >= bar, qPrintable(text));
+            percent = now, bar = text.count('#');
+        }
+        QCOMPARE(percent, 100);
     }
 };
 
