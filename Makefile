@@ -16,8 +16,16 @@ build: deps
 	cmake -S . -B $(RELEASE) -DCMAKE_BUILD_TYPE=Release -DVM_BUILD_TESTS=OFF >/dev/null
 	cmake --build $(RELEASE) -j $(JOBS)
 
-demo: build
-	@bash scripts/demo.sh "$(CURDIR)/$(RELEASE)/cli/videomend-cli" "$(CURDIR)/$(RELEASE)/demo"
+# The demo shows the repair alone: what apt, cmake and the compiler say goes to a log.
+DEMOLOG := $(CURDIR)/$(RELEASE)/demo.log
+demo:
+	@mkdir -p $(RELEASE)
+	@echo "Installing what is missing and building; the output goes to $(DEMOLOG)"
+	@{ $(MAKE) --no-print-directory deps && \
+	  cmake -S . -B $(RELEASE) -DCMAKE_BUILD_TYPE=Release -DVM_BUILD_TESTS=OFF && \
+	  cmake --build $(RELEASE) -j $(JOBS) --target videomend-cli; } >$(DEMOLOG) 2>&1 \
+	  || { tail -n 20 $(DEMOLOG); echo "The build failed; all of its output is in $(DEMOLOG)"; exit 1; }
+	@bash scripts/demo.sh "$(CURDIR)/$(RELEASE)/cli/videomend-cli" "$(CURDIR)/$(RELEASE)/demo" "$(DEMOLOG)"
 
 test: deps
 	cmake -S . -B $(TESTBUILD) -DCMAKE_BUILD_TYPE=Debug -DVM_SANITIZE=ON -DVM_BUILD_TESTS=ON >/dev/null
