@@ -1,12 +1,12 @@
 #include "Startup.h"
 
-#include "Dialogs.h"
 #include "Languages.h"
+#include "SingleInstance.h"
 #include "VideoRepairWindow.h"
 #include "mux/FfmpegRunner.h"
 
 #include <QApplication>
-#include <QCryptographicHash>
+#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QProcess>
@@ -14,9 +14,9 @@
 #include <QSettings>
 #include <QStandardPaths>
 #include <QTimer>
+#include <QUrl>
 #include <QtDebug>
 #include <cstdio>
-#include <unistd.h>
 
 ShellValues shellApp;
 
@@ -116,28 +116,25 @@ QProcess *PlayerProcess()
     return player;
 }
 
-SingleInstance::SingleInstance(const QString &key) : m_memory(key) {}
-
-QString SingleInstance::UserKey()
+QString DataDir(const QString &appDir)
 {
-    // Per user, and per settings store: two stores are two separate setups.
-    const QByteArray store = OpenSettings()->fileName().toUtf8();
-    const QByteArray tag = QCryptographicHash::hash(store, QCryptographicHash::Sha1).toHex().left(8);
-    return QStringLiteral("%1-%2-%3").arg(kInstanceKey).arg(::getuid()).arg(QString::fromLatin1(tag));
+    // Beside the program in a build or bundle; under share/ once installed.
+    const QString installed = QDir::cleanPath(appDir + "/../share/videomend");
+    if (!QFileInfo(appDir + "/VideoTranslation").isDir() && QFileInfo(installed + "/VideoTranslation").isDir())
+        return installed;
+    return appDir;
 }
 
-void SingleInstance::ClearStale(const QString &key)
+QStringList FileArguments(const QStringList &arguments, const QString &cwd)
 {
-    // Attaching and detaching a segment that nobody else holds removes it.
-    QSharedMemory stale(key);
-    if (stale.attach())
-        stale.detach();
-}
-
-bool SingleInstance::Claim()
-{
-    ClearStale(m_memory.key());
-    return m_memory.create(512, QSharedMemory::ReadWrite);
+    QStringList files;
+    const QDir base(cwd);
+    for (const QString &a : arguments.mid(1)) {
+        const QString path = a.startsWith(QLatin1String("file:")) ? QUrl(a).toLocalFile() : a;
+        if (!path.isEmpty())
+            files << QDir::cleanPath(base.absoluteFilePath(path));
+    }
+    return files;
 }
 
 int Run(int argc, char **argv)
@@ -160,8 +157,8 @@ int Run(int argc, char **argv)
     app.processEvents();
 
     // 6-7.
-    shellApp.strAppDir = QCoreApplication::applicationDirPath();
-    FindPlayer(shellApp.strAppDir);
+    shellApp.strAppDir = DataDir(QCoreApplication::applicationDirPath());
+    FindPlayer(QCoreApplication::applicationDirPath());
     shellApp.strFfmpegDir = mux::FfmpegDir();
 
     // 8-9.
@@ -172,18 +169,19 @@ int Run(int argc, char **argv)
     }
     languages::Install(shellApp.nLanguage, shellApp.strAppDir);
 
-    // 10.
+    // 10. A window already open takes the files and comes to the front.
+    const QStringList files = FileArguments(app.arguments(), QDir::currentPath());
     SingleInstance instance;
-    if (!instance.Claim()) {
-        std::fprintf(stderr, "Halvern Videomend is already running.\n");
-        MessageDlg notice;
-        // Scripts that start the program may ask the notice to close by itself.
-        const int closeAfter = qEnvironmentVariableIntValue("VIDEOMEND_NOTICE_TIMEOUT_MS");
-        if (closeAfter > 0)
-            QTimer::singleShot(closeAfter, &notice, &QDialog::accept);
-        notice.ShowMessage("Messages", QT_TRANSLATE_NOOP("Messages", "Halvern Videomend"),
-                           QT_TRANSLATE_NOOP("Messages", "Halvern Videomend is already running."));
-        ::exit(0);
+    switch (instance.Start(files)) {
+    case SingleInstance::Role::Handed:
+        std::fprintf(stderr, "Halvern Videomend is already running; its window takes the files.\n");
+        return 0;
+    case SingleInstance::Role::Failed:
+        // Better a second window than none.
+        std::fprintf(stderr, "Halvern Videomend: no word from a window already open; opening this one.\n");
+        break;
+    case SingleInstance::Role::First:
+        break;
     }
 
     // 11-15.
@@ -195,6 +193,11 @@ int Run(int argc, char **argv)
     }
     window.StartFadeIn();
     window.show();
+    // Queued: a notice about the files (already listed, say) opens over the window, not before it.
+    QObject::connect(&instance, &SingleInstance::FilesReceived, &window, &VideoRepairWindow::TakeFiles,
+                     Qt::QueuedConnection);
+    if (!files.isEmpty())
+        QTimer::singleShot(0, &window, [&window, files] { window.TakeFiles(files); });
     return app.exec();
 }
 

@@ -1,9 +1,9 @@
 #pragma once
 // What holds for the whole process of the window: build switches, the
-// settings store, the screen scale, the player, the single-instance lock.
+// settings store, the screen scale, the player, the files of the command line.
 
-#include <QSharedMemory>
 #include <QString>
+#include <QStringList>
 #include <memory>
 
 class QProcess;
@@ -34,7 +34,6 @@ namespace startup {
 constexpr char kOrganisation[] = "Halvern Works";
 constexpr char kApplication[] = "Halvern Videomend";
 constexpr char kProductName[] = "Halvern Videomend ";
-constexpr char kInstanceKey[] = "62d60669-bb94-4a94-88bb-b964890a7e10";
 constexpr char kResizeKey[] = "ResizeAppforDPI";
 constexpr char kLanguageKey[] = "LanguageType";
 
@@ -64,20 +63,12 @@ void FindPlayer(const QString &appDir);
 // The one player process of the program, owned by the application object.
 QProcess *PlayerProcess();
 
-// One instance per user and settings store. A segment left by a killed
-// process (Linux keeps it) is cleared before the claim.
-class SingleInstance
-{
-public:
-    explicit SingleInstance(const QString &key = UserKey());
-    bool Claim();
-    static QString UserKey();
-    // Removes a segment that no live process holds; harmless otherwise.
-    static void ClearStale(const QString &key);
+// Where VideoTranslation/ and help/ lie for a program in appDir.
+QString DataDir(const QString &appDir);
 
-private:
-    QSharedMemory m_memory;
-};
+// Absolute paths of the files named on a command line (program name
+// first), relative ones taken from `cwd`; file: URLs are accepted too.
+QStringList FileArguments(const QStringList &arguments, const QString &cwd);
 
 // main: the steps of start-up in order, then the event loop.
 int Run(int argc, char **argv);

@@ -601,6 +601,15 @@ void VideoRepairWindow::AddFiles(const QStringList &paths)
     SelectAllBtn->setEnabled(true);
 }
 
+void VideoRepairWindow::TakeFiles(const QStringList &paths)
+{
+    if (isMinimized())
+        setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    raise();
+    activateWindow();
+    AddFiles(paths);
+}
+
 void VideoRepairWindow::ApplyTriState(QCheckBox *box, int rows, int checked)
 {
     if (checked == 0)

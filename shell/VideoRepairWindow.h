@@ -60,6 +60,9 @@ public:
 
     // The answer of the add dialog, as it returned it.
     void AddFiles(const QStringList &paths);
+    // Files named on the command line or handed over by a later start:
+    // added as the add button adds them, and the window comes to the front.
+    void TakeFiles(const QStringList &paths);
     // The answer of "Choose Location"; empty clears the choice.
     void SetDestPath(const QString &folder);
     void StartFadeIn();

@@ -1,10 +1,12 @@
-// Start-up of the window: settings, scale, single instance, languages, help.
+// Start-up of the window: settings, scale, files given to it, single instance, languages, help.
 
 #include "Languages.h"
+#include "SingleInstance.h"
 #include "repair/RepairState.h"
 #include "shell_support.h"
 
 #include <QAction>
+#include <QLocalServer>
 #include <QMenu>
 #include <QProcess>
 #include <QProcessEnvironment>
@@ -22,14 +24,13 @@ class TestShellStartup : public QObject
     }
 
     // Starts the program; what it wrote to stderr until it was up or gone.
-    static QByteArray startProgram(QProcess *p)
+    static QByteArray startProgram(QProcess *p, const QStringList &files = {})
     {
         QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
         env.insert("QT_QPA_PLATFORM", "offscreen");
-        env.insert("VIDEOMEND_NOTICE_TIMEOUT_MS", "100");
         env.insert("ASAN_OPTIONS", "detect_leaks=0");
         p->setProcessEnvironment(env);
-        p->start(QStringLiteral(VM_VIDEOMEND_PATH), QStringList());
+        p->start(QStringLiteral(VM_VIDEOMEND_PATH), files);
         QElapsedTimer clock;
         clock.start();
         QByteArray err;
@@ -98,17 +99,18 @@ private Q_SLOTS:
 
     void secondInstanceAndCrashedFirst()
     {
-        const QString key = startup::SingleInstance::UserKey();
-        startup::SingleInstance::ClearStale(key);
+        const QString name = SingleInstance::UserServerName();
+        QLocalServer::removeServer(name);
+        QTemporaryDir dir;
         QProcess first, second, third;
         QVERIFY2(startProgram(&first).contains(kUp), "first instance did not start");
-        QVERIFY(startProgram(&second).contains("already running"));
+        QVERIFY(startProgram(&second, makeFiles(dir.path(), {"clip.mp4"})).contains("already running"));
         QVERIFY(second.state() == QProcess::NotRunning || second.waitForFinished(60000));
         QCOMPARE(second.exitStatus(), QProcess::NormalExit);
         QCOMPARE(second.exitCode(), 0);
 
-        // Killed without a chance to clean up: the segment stays behind, and
-        // must not keep the next start out.
+        // Killed without a chance to clean up: the socket file stays behind,
+        // and must not keep the next start out.
         first.kill();
         QVERIFY(first.waitForFinished(10000));
         QVERIFY2(startProgram(&third).contains(kUp), "a start after a crash was refused");
@@ -116,7 +118,28 @@ private Q_SLOTS:
         QCOMPARE(third.state(), QProcess::Running);
         third.kill();
         third.waitForFinished(10000);
-        startup::SingleInstance::ClearStale(key);
+        QLocalServer::removeServer(name);
+    }
+
+    void filesFromTheCommandLineAndLaterStarts()
+    {
+        // Names as a launcher gives them: relative, absolute with a space, as a URL.
+        QTemporaryDir dir;
+        const QStringList files = makeFiles(dir.path(), {"a.mp4", "b c.mov", "d.mkv", "e.avi"});
+        TestWindow w;
+        DialogAnswerer answers;
+        w.TakeFiles(startup::FileArguments({"videomend", "a.mp4", files[1], QUrl::fromLocalFile(files[2]).toString()},
+                                           dir.path()));
+        QCOMPARE(column(w.pFileList, VideoRepairWindow::fcFullPath), files.mid(0, 3));
+
+        // A later start hands its files to the first; one already listed is skipped.
+        const QString name = QStringLiteral("vm-test-%1").arg(QCoreApplication::applicationPid());
+        SingleInstance first(name), second(name);
+        QCOMPARE(first.Start({}), SingleInstance::Role::First);
+        connect(&first, &SingleInstance::FilesReceived, &w, &VideoRepairWindow::TakeFiles);
+        QCOMPARE(second.Start({files[3], files[0]}), SingleInstance::Role::Handed);
+        QCOMPARE(column(w.pFileList, VideoRepairWindow::fcFullPath), files);
+        QCOMPARE(answers.seen.size(), 1); // "already added"
     }
 
     void languageSwitchChangesBothPages()
