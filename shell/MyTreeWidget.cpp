@@ -1,6 +1,8 @@
 #include "MyTreeWidget.h"
 
+#include <QHelpEvent>
 #include <QKeyEvent>
+#include <QToolTip>
 
 void MyTreeWidget::keyPressEvent(QKeyEvent *event)
 {
@@ -12,6 +14,23 @@ void MyTreeWidget::keyPressEvent(QKeyEvent *event)
 }
 
 void MyTreeWidget::contextMenuEvent(QContextMenuEvent *) {}
+
+bool MyTreeWidget::viewportEvent(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const QModelIndex index = indexAt(help->pos());
+        if (index.isValid() && index.data(Qt::ToolTipRole).toString().isEmpty()) {
+            const QRect cell = visualRect(index);
+            if (itemDelegate(index)->sizeHint(viewOptions(), index).width() > cell.width())
+                QToolTip::showText(help->globalPos(), index.data().toString(), viewport(), cell);
+            else
+                QToolTip::hideText();
+            return true;
+        }
+    }
+    return QTreeWidget::viewportEvent(event);
+}
 
 CustomButton::CustomButton(quint32 id, QWidget *parent) : QPushButton(parent), ID(id)
 {

@@ -5,7 +5,8 @@
 #include <QTreeWidget>
 
 // Check marks are set with the mouse only: Space never reaches the view, and
-// there is no context menu.
+// there is no context menu. A cell cut short shows its whole text as a
+// tooltip, unless it has a tooltip of its own.
 class MyTreeWidget : public QTreeWidget
 {
     Q_OBJECT
@@ -15,6 +16,7 @@ public:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 };
 
 // The action button of a result row; tells the window its row's ID.

@@ -19,6 +19,8 @@
 #include <QSettings>
 #include <QProcess>
 #include <QStorageInfo>
+#include <QThread>
+#include <QtDebug>
 #include <climits>
 
 namespace {
@@ -28,6 +30,8 @@ const QColor kBlack("#202020");
 const QColor kRed("#d32f2f");
 
 constexpr int kSizeAlignment = 134;
+// Set on the verdict cell of a row whose result turned out to hold no video.
+constexpr int kNoPictureRole = Qt::UserRole + 1;
 
 const char *const kStatusTexts[] = {
     "",
@@ -98,6 +102,11 @@ QString VideoRepairWindow::ResultFileOf(const QTreeWidgetItem *item) const
     return FileOfRow(item->text(rcPath), item->text(rcName));
 }
 
+bool VideoRepairWindow::RowUsable(const QTreeWidgetItem *item) const
+{
+    return !item->data(rcVerdict, kNoPictureRole).toBool() && IsUsableResult(ResultFileOf(item));
+}
+
 void VideoRepairWindow::ShowAwaitingInBlue(QTreeWidgetItem *item, CustomButton *button)
 {
     SetRowStatus(item, RowStatus::Awaiting, kBlue, Qt::AlignLeft | Qt::AlignTop);
@@ -126,6 +135,9 @@ void VideoRepairWindow::ClearRepairRows()
     pRepairList->clear(); // the row buttons go with their items
     qDeleteAll(lstRowButtons);
     lstRowButtons.clear();
+    m_reports.clear();
+    m_judged.clear();
+    ++m_judgeBatch;
 }
 
 // --- Starting a run ---
@@ -194,6 +206,7 @@ void VideoRepairWindow::OnRepairMOVFiles()
 
         auto *item = new QTreeWidgetItem(pRepairList);
         item->setText(rcName, name);
+        item->setToolTip(rcName, source);
         item->setCheckState(rcName, Qt::Checked);
         item->setText(rcPath, folder + "/Repaired/" + name);
         item->setText(rcSource, source);
@@ -293,6 +306,8 @@ void VideoRepairWindow::BeginRun(const QStringList &list, bool sampleRun)
         m_workFolders.Note(QFileInfo(pRepairList->topLevelItem(i)->text(rcPath)).path());
     if (pApp.bCustomFolderChosen)
         m_workFolders.Note(pApp.strCustomFolder + "/Repaired");
+    m_runList = list;
+    m_runSample = sampleRun;
     StartRun(list, sampleRun);
 }
 
@@ -520,7 +535,7 @@ void VideoRepairWindow::OnRepairFinish()
             continue;
         }
         const QString file = ResultFileOf(item);
-        if (verdict == "1" && IsUsableResult(file)) {
+        if (verdict == "1" && RowUsable(item)) {
             if (button) {
                 SetRowButton(button, ActionOf(button), "text-align:left;", kBlue);
                 button->setEnabled(true);
@@ -552,6 +567,7 @@ void VideoRepairWindow::OnRepairFinish()
         saveBtn->setEnabled(true);
     }
 
+    JudgeRows();
     pStopDlg->hide();
     pRepairFinishDlg->ShowResult(
         UiText("VideoRepairWindow", QT_TR_NOOP("Repair Complete")),
@@ -559,6 +575,87 @@ void VideoRepairWindow::OnRepairFinish()
                QT_TR_NOOP("Repair process completed.\nCheck 'Status' column to view the repair outcome.")));
     saveBtn->setEnabled(checked > 0);
     BackBtn->setEnabled(true);
+}
+
+// --- What each row came to ---
+
+void VideoRepairWindow::OnFileReported(int index, const QString &, const outcome::FileReport &report)
+{
+    const QString source = m_runList.value(index);
+    if (source.isEmpty())
+        return;
+    m_reports.insert(source, RowReport{report, m_runSample});
+    m_judged.remove(source);
+}
+
+void VideoRepairWindow::JudgeRows()
+{
+    struct Job
+    {
+        QString source;
+        RowStatus status;
+        QString result;
+        RowReport report;
+        outcome::Judged judged;
+    };
+    auto jobs = std::make_shared<QVector<Job>>();
+    for (int i = 0; i < pRepairList->topLevelItemCount(); ++i) {
+        const QTreeWidgetItem *item = pRepairList->topLevelItem(i);
+        const QString source = item->text(rcSource);
+        const RowStatus status = StatusOf(item);
+        if (m_judged.contains(source) ||
+            (status != RowStatus::Completed && status != RowStatus::Awaiting && status != RowStatus::Failed))
+            continue;
+        m_judged.insert(source);
+        jobs->push_back({source, status, ResultFileOf(item), m_reports.value(source), {}});
+    }
+    if (jobs->isEmpty())
+        return;
+    const std::shared_ptr<std::atomic<bool>> cancel = m_judgeCancel;
+    QThread *thread = QThread::create([jobs, cancel] {
+        for (Job &j : *jobs) {
+            if (*cancel)
+                return;
+            j.judged = outcome::Judge(QString::fromLatin1(kStatusTexts[int(j.status)]), j.result, j.report.report,
+                                      j.report.sample);
+        }
+    });
+    thread->setParent(&m_judgeThreads);
+    const int batch = m_judgeBatch;
+    connect(thread, &QThread::finished, this, [this, thread, jobs, batch] {
+        thread->deleteLater();
+        if (batch != m_judgeBatch || *m_judgeCancel)
+            return;
+        for (const Job &j : *jobs)
+            ApplyJudged(j.source, j.status, j.judged);
+    });
+    thread->start(QThread::LowPriority);
+}
+
+void VideoRepairWindow::ApplyJudged(const QString &source, RowStatus judgedAs, const outcome::Judged &judged)
+{
+    for (int i = 0; i < pRepairList->topLevelItemCount(); ++i) {
+        QTreeWidgetItem *item = pRepairList->topLevelItem(i);
+        // A row that moved on since (a run with a sample) is judged again at its end.
+        if (item->text(rcSource) != source || StatusOf(item) != judgedAs)
+            continue;
+        item->setToolTip(rcStatus, judged.summary);
+        qInfo().noquote() << QStringLiteral("%1: %2%3").arg(source, judged.status,
+                                                            judged.summary.isEmpty() ? QString() : "; " + judged.summary);
+        if (judgedAs == RowStatus::Completed && judged.status != QLatin1String("Completed")) {
+            item->setData(rcVerdict, kNoPictureRole, true);
+            SetRowStatus(item, RowStatus::Failed, kBlack);
+            item->setCheckState(rcName, Qt::Unchecked);
+            if (RowButtonRec *rec = RecordOf(i))
+                HideRowButton(rec->pButton);
+            int checked = 0;
+            for (int r = 0; r < pRepairList->topLevelItemCount(); ++r)
+                checked += pRepairList->topLevelItem(r)->checkState(rcName) == Qt::Checked;
+            saveBtn->setEnabled(checked > 0);
+            Select_All->setChecked(checked > 0);
+        }
+        return;
+    }
 }
 
 void VideoRepairWindow::OnRepairItemClicked(QTreeWidgetItem *pItem, int)
@@ -579,7 +676,7 @@ void VideoRepairWindow::OnRepairItemClicked(QTreeWidgetItem *pItem, int)
         pMessageDlg->ShowMessage("VideoRepairWindow", QT_TR_NOOP("Process Aborted"),
                                  QT_TR_NOOP("Repair process was aborted. Go back to the previous screen to restart "
                                             "the repair process."));
-    } else if (verdict == "1" && !IsUsableResult(ResultFileOf(pItem))) {
+    } else if (verdict == "1" && !RowUsable(pItem)) {
         pItem->setCheckState(rcName, Qt::Unchecked);
         pApp.bMoovParsed = false;
         saveBtn->show();
@@ -614,7 +711,7 @@ void VideoRepairWindow::OnSelectAllClicked(bool checked)
             QTreeWidgetItem *item = pRepairList->topLevelItem(i);
             if (item->text(rcVerdict) != "1")
                 continue;
-            const bool usable = IsUsableResult(ResultFileOf(item));
+            const bool usable = RowUsable(item);
             item->setCheckState(rcName, usable ? Qt::Checked : Qt::Unchecked);
             saveBtn->setEnabled(usable);
         }

@@ -314,7 +314,7 @@ void VideoRepairWindow::OnProgressFinish()
             }
         } else if (verdict == "1") {
             const QString file = ResultFileOf(item);
-            if (IsUsableResult(file)) {
+            if (RowUsable(item)) {
                 SetRowStatus(item, RowStatus::Completed, kBlack);
                 if (button) {
                     SetRowButton(button, RowAction::Preview, "text-align:left;", kBlue);

@@ -21,6 +21,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QProcess>
+#include <QThread>
 #include <QTimer>
 #include <QUrl>
 #include <sys/stat.h>
@@ -130,6 +131,10 @@ VideoRepairWindow::VideoRepairWindow(QWidget *parent) : QWidget(parent)
 
 VideoRepairWindow::~VideoRepairWindow()
 {
+    // No judging thread may outlive the window.
+    *m_judgeCancel = true;
+    for (QThread *t : m_judgeThreads.findChildren<QThread *>())
+        t->wait();
     qDeleteAll(lstRowButtons);
 }
 
@@ -251,6 +256,7 @@ void VideoRepairWindow::UiInit()
     connect(t, &ThreadVideoRepair::RepairFinish, this, &VideoRepairWindow::OnRepairFinish);
     connect(t, &ThreadVideoRepair::ProcessAborted, this, &VideoRepairWindow::OnProcessAborted);
     connect(t, &ThreadVideoRepair::ProcessAborted1, this, &VideoRepairWindow::OnProcessAborted1);
+    connect(t, &ThreadVideoRepair::FileReported, this, &VideoRepairWindow::OnFileReported);
 }
 
 void VideoRepairWindow::Init()
@@ -533,6 +539,8 @@ void VideoRepairWindow::AddFileRow(const QString &path)
     item->setText(fcName, info.fileName());
     item->setCheckState(fcName, Qt::Checked);
     item->setIcon(fcName, icons.icon(info));
+    // The column cuts long names in the middle; the tooltip has the whole path.
+    item->setToolTip(fcName, info.absoluteFilePath());
     item->setText(fcPath, path);
     item->setText(fcSize, FormatSizeMb(quint64(qMax<qint64>(0, info.size()))));
     item->setTextAlignment(fcSize, kSizeAlignment);

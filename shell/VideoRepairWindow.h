@@ -8,14 +8,19 @@
 #include "SampleDialogs.h"
 #include "SaveDialogs.h"
 #include "WorkFolders.h"
+#include "repair/Outcome.h"
 #include "repair/ThreadVideoRepair.h"
 #include "ui_VideoRepairWin.h"
 
+#include <QHash>
 #include <QList>
 #include <QMap>
 #include <QPoint>
+#include <QSet>
 #include <QStringList>
 #include <QWidget>
+#include <atomic>
+#include <memory>
 
 class QMenu;
 class QProcess;
@@ -176,6 +181,7 @@ public Q_SLOTS:
     void OnRepairFinish();
     void OnProcessAborted();
     void OnProcessAborted1();
+    void OnFileReported(int index, const QString &fileName, const outcome::FileReport &report);
 
     // The sample dialogs.
     void OnClickPreviewBtn(unsigned int id);
@@ -246,6 +252,12 @@ private:
     void SetRowButton(CustomButton *button, RowAction action, const QString &alignCss, const QColor &colour);
     void HideRowButton(CustomButton *button);
     QString ResultFileOf(const QTreeWidgetItem *item) const;
+    // A result that is there, big enough, and not judged to lack a picture.
+    bool RowUsable(const QTreeWidgetItem *item) const;
+    // Rows that reached their final status get what their result holds as
+    // the status tooltip; ffprobe runs on a thread of its own.
+    void JudgeRows();
+    void ApplyJudged(const QString &source, RowStatus judgedAs, const outcome::Judged &judged);
     void ShowAwaitingInBlue(QTreeWidgetItem *item, CustomButton *button);
     void ClearRepairRows();
     void BeginRun(const QStringList &list, bool sampleRun);
@@ -273,4 +285,18 @@ private:
     bool m_ffmpegNoticeShown = false;
     bool bAdvanceClicked = false;     // for help; set by the sample dialogs
     bool bPreviewOrSaveUsed = false;  // for help; set by preview and saving
+
+    // What the worker said of each file, by source path, and what was judged.
+    struct RowReport
+    {
+        outcome::FileReport report;
+        bool sample = false; // the run that made it had a sample
+    };
+    QStringList m_runList;
+    bool m_runSample = false;
+    QHash<QString, RowReport> m_reports;
+    QSet<QString> m_judged;
+    int m_judgeBatch = 0; // judgements of rows since cleared are dropped
+    QObject m_judgeThreads; // parent of the judging threads
+    std::shared_ptr<std::atomic<bool>> m_judgeCancel = std::make_shared<std::atomic<bool>>(false);
 };

@@ -106,6 +106,40 @@ private Q_SLOTS:
 
     }
 
+    void outcomeOfEachRow()
+    {
+        // A result with sound alone fails; each row's report, found by its
+        // index in the run's list, says why in the status tooltip.
+        QTemporaryDir dir;
+        const QStringList sources = makeFiles(dir.path(), {"a.mov", "b.mov"});
+        TestWindow w;
+        DialogAnswerer answers;
+        w.AddFiles(sources);
+        w.OnRepairMOVFiles();
+        QDir().mkpath(dir.filePath("Repaired"));
+        QCOMPARE(QProcess::execute(fixtures::ffmpeg(), {"-v", "error", "-f", "lavfi", "-i", "sine=duration=1",
+                                                        dir.filePath("Repaired/a.mov")}), 0);
+        ThreadVideoRepair &t = w.RepairThread();
+        outcome::FileReport unknown;
+        unknown.why = outcome::Why::NotHandled;
+        unknown.detail = "odd box";
+        for (bool repaired : {true, false}) {
+            Q_EMIT t.WriteProcessingStatus(repaired ? "a.mov" : "b.mov");
+            Q_EMIT t.WriteStatus(repaired, false, repaired ? "a.mov" : "b.mov", false);
+        }
+        Q_EMIT t.FileReported(1, "b.mov", unknown);
+        Q_EMIT t.FileReported(0, "a.mov", {});
+        Q_EMIT t.RepairFinish();
+        QTRY_COMPARE(column(w.pRepairList, 8), (QStringList{"Failed", "Awaiting Action"}));
+        QVERIFY(w.pRepairList->topLevelItem(0)->toolTip(8).contains(outcome::ReasonText(outcome::Why::NoVideo, {})));
+        QCOMPARE(w.pRepairList->topLevelItem(1)->toolTip(8), outcome::ReasonText(outcome::Why::NotHandled, "odd box"));
+        QCOMPARE(w.pRepairList->topLevelItem(1)->toolTip(0), sources[1]);
+        // It can't be chosen for saving again.
+        w.OnSelectAllClicked(true);
+        QCOMPARE(w.pRepairList->topLevelItem(0)->checkState(0), Qt::Unchecked);
+        QVERIFY(!w.saveBtn->isEnabled());
+    }
+
     void stopInARealRun()
     {
         VM_FIXTURE(healthy, fixtures::healthy("h264_aac.mp4"));
