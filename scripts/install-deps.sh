@@ -8,6 +8,7 @@ packages=(
   qtbase5-dev qttools5-dev-tools qttools5-dev
   ffmpeg mplayer
   xvfb xauth fonts-dejavu-core fonts-dejavu-extra qttranslations5-l10n
+  desktop-file-utils
 )
 
 missing=()

@@ -12,3 +12,17 @@ foreach(name tst_shell_startup tst_shell_addpage tst_shell_run tst_shell_sample 
   add_dependencies(${name} videomend videomend_data)
 endforeach()
 set_tests_properties(tst_shell_run tst_shell_sample tst_shell_save PROPERTIES FIXTURES_REQUIRED media)
+
+# The installed layout: a valid desktop entry, with the program, icon and
+# data where it and the program look for them.
+find_program(VM_DESKTOP_FILE_VALIDATE desktop-file-validate)
+if(VM_DESKTOP_FILE_VALIDATE)
+  add_test(NAME tst_shell_install COMMAND sh -c [[
+    rm -rf "$1" && "$2" --install "$3" --prefix "$1" >/dev/null &&
+    "$4" "$1/share/applications/videomend.desktop" && test -x "$1/bin/videomend" &&
+    test -f "$1/share/icons/hicolor/scalable/apps/videomend.svg" && test -d "$1/share/videomend/help/EN" &&
+    test -d "$1/share/videomend/VideoTranslation/EN"]]
+    -- ${CMAKE_CURRENT_BINARY_DIR}/install-check ${CMAKE_COMMAND} ${CMAKE_BINARY_DIR} ${VM_DESKTOP_FILE_VALIDATE})
+else()
+  message(STATUS "desktop-file-validate not found: the installed desktop entry goes unchecked")
+endif()
