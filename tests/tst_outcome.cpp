@@ -210,7 +210,7 @@ private Q_SLOTS:
             {noise, Codec::Unknown},
         };
         for (const auto &p : probes) {
-            BufferedReader f;
+            BufferedReader f(size_t(1) << 20);
             QVERIFY(f.open(p.path));
             QCOMPARE(DetectNalCodec(f), p.codec);
         }

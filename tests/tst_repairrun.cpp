@@ -209,7 +209,7 @@ private Q_SLOTS:
     void sampleRunUsesTheSample()
     {
         VM_FIXTURE(sampleSrc, fixtures::healthy("hevc_pcm.mov"));
-        VM_FIXTURE(src, fixtures::moovRemoved(fixtures::healthy("h264_aac.mp4")));
+        VM_FIXTURE(src, fixtures::moovRemoved(fixtures::healthy("hevc_aac.mp4")));
         const QString clip = copy(src, "waiting.mp4");
         const QString sample = copy(sampleSrc, "sample.mov");
         const QByteArray s0 = digest(sample), c0 = digest(clip);
