@@ -31,13 +31,16 @@ WorkPlace::WorkPlace(const QString &base) : m_base(base)
 void WorkPlace::cleanUp(const QSet<QString> &keep) const
 {
     QDir repaired(repairedOf(m_base));
+    QSet<QString> keepClean;
+    for (const QString &k : keep)
+        keepClean << QDir::cleanPath(QFileInfo(k).absoluteFilePath());
     bool kept = false;
     if (repaired.exists()) {
         for (const QString &name : repaired.entryList(kEverything)) {
-            const QString path = repaired.filePath(name);
+            const QString path = repaired.absoluteFilePath(name);
             if (m_before.contains(name))
                 continue;
-            if (keep.contains(path)) {
+            if (keepClean.contains(QDir::cleanPath(path))) {
                 kept = true;
                 continue;
             }
