@@ -100,6 +100,8 @@ bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
         pSource.close();
         return false;
     }
+    if (pApp.bSampleRun)
+        NoteEmptyFile(entry);
     bool moovFound = false;
     if (!sample.isEmpty() || pApp.bSampleRun)
         moovFound = ScanSampleFile(sample);

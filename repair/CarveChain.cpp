@@ -114,6 +114,9 @@ void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
     const Split split = SplitStreams(id, args, env);
     switch (split.outcome) {
     case Split::Muxable:
+        // A stopped carve leaves partial streams: no result is made of them.
+        if (pApp.bStopRepair)
+            break;
         pApp.carve.carved = true;
         RunMuxStage(muxStageOf(id), args, split.withSound);
         break;

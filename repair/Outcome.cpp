@@ -116,7 +116,7 @@ Judged Judge(const QString &status, const QString &resultPath, const FileReport 
 
     QStringList parts;
     if (j.videoFrames >= 0) {
-        parts << QStringLiteral("%1 video frames").arg(QLocale::c().toString(j.videoFrames));
+        parts << QStringLiteral("%1 video frames").arg(QLocale(QLocale::English).toString(j.videoFrames));
         parts << (j.audioSeconds > 0 ? QStringLiteral("%1 s of sound").arg(j.audioSeconds, 0, 'f', 1)
                                      : QStringLiteral("no sound"));
     }
