@@ -2,6 +2,7 @@
 // Tags, offsets and limits of the container readers.
 
 #include <QtGlobal>
+#include <cstddef>
 
 namespace mp4info {
 
@@ -31,6 +32,7 @@ constexpr quint64 kNalProbeBytes = quint64(32) << 20;
 constexpr quint32 kMaxNalUnit = quint32(8) << 20;
 constexpr quint64 kNalGap = 16384;
 constexpr int kMinLinkedUnits = 24;
+constexpr size_t kNalLook = 9; // length, header and the start of a slice header
 constexpr int kWinFactor = 4;
 
 } // namespace mp4info

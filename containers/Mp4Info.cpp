@@ -141,15 +141,60 @@ void readTrak(BufferedReader &f, const Atom &trak, Info &info)
     slot = t;
 }
 
-// H.264: a slice starting its picture, a parameter set, SEI or delimiter.
+// Exp-Golomb codes of a slice header, from a few bytes; -1 past them or for
+// a code longer than a header field can be.
+class Bits
+{
+public:
+    Bits(const quint8 *b, int bytes) : m_b(b), m_bits(bytes * 8) {}
+    int bit()
+    {
+        if (m_at >= m_bits)
+            return -1;
+        const int b = (m_b[m_at / 8] >> (7 - m_at % 8)) & 1;
+        ++m_at;
+        return b;
+    }
+    int ue()
+    {
+        int zeros = 0;
+        for (int b = bit(); b != 1; b = bit())
+            if (b < 0 || ++zeros > 16)
+                return -1;
+        int v = 0;
+        for (int i = 0; i < zeros; ++i) {
+            const int b = bit();
+            if (b < 0)
+                return -1;
+            v = v << 1 | b;
+        }
+        return (1 << zeros) - 1 + v;
+    }
+
+private:
+    const quint8 *m_b;
+    int m_bits, m_at = 0;
+};
+
+// H.264: a slice that starts its picture (first macroblock 0, a slice type,
+// parameter set 0), a parameter set, SEI or delimiter. b: header + 4 bytes.
 bool h264Unit(const quint8 *b)
 {
     if (b[0] & 0x80)
         return false;
     const int type = b[0] & 31, ref = (b[0] >> 5) & 3;
     switch (type) {
-    case 1: return (b[1] & 0x80) != 0;             // first_mb_in_slice 0
-    case 5: return ref != 0 && (b[1] & 0x80) != 0; // IDR
+    case 5:
+        if (ref == 0)
+            return false;
+        Q_FALLTHROUGH();
+    case 1: {
+        Bits r(b + 1, 4);
+        if (r.bit() != 1)
+            return false;
+        const int sliceType = r.ue();
+        return sliceType >= 0 && sliceType <= 9 && r.ue() == 0;
+    }
     case 7:
     case 8: return ref != 0;
     case 6:
@@ -158,14 +203,21 @@ bool h264Unit(const quint8 *b)
     }
 }
 
-// HEVC: a known unit type of layer 0 with a temporal id; slices start a picture.
+// HEVC: a known unit type of layer 0 with a temporal id; a slice starts its
+// picture and names parameter set 0. b: the two header bytes + 3 bytes.
 bool hevcUnit(const quint8 *b)
 {
     if ((b[0] & 0x80) || (b[0] & 1) || (b[1] >> 3) || (b[1] & 7) == 0)
         return false;
     const int type = (b[0] >> 1) & 63;
-    if (type <= 9 || (type >= 16 && type <= 21))
-        return (b[2] & 0x80) != 0; // first_slice_segment_in_pic_flag
+    if (type <= 9 || (type >= 16 && type <= 21)) {
+        Bits r(b + 2, 3);
+        if (r.bit() != 1)
+            return false;
+        if (type >= 16)
+            r.bit(); // no_output_of_prior_pics_flag of a random access picture
+        return r.ue() == 0;
+    }
     return type == 32 || type == 33 || type == 34 || type == 35 || type == 39 || type == 40;
 }
 
@@ -267,7 +319,7 @@ Codec DetectNalCodec(BufferedReader &f)
     const quint64 end = qMin(f.size(), start + kNalProbeBytes);
     // A unit: a length that fits, then a header of the codec.
     auto unitAt = [&](quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
-        const quint8 *b = f.peek(p, 7);
+        const quint8 *b = f.peek(p, kNalLook);
         if (!b || b[0] != 0 || b[1] > (kMaxNalUnit >> 16))
             return false;
         const quint32 len = quint32(b[0]) << 24 | quint32(b[1]) << 16 | quint32(b[2]) << 8 | b[3];
@@ -280,11 +332,11 @@ Codec DetectNalCodec(BufferedReader &f)
     // streams link, chance hits in other data seldom do.
     auto linked = [&](bool (*valid)(const quint8 *)) {
         int n = 0;
-        for (quint64 p = start; p + 7 <= end; ++p) {
+        for (quint64 p = start; p + kNalLook <= end; ++p) {
             quint64 q = 0, ignored = 0;
             if (!unitAt(p, valid, &q))
                 continue;
-            for (quint64 r = q, last = qMin(end, q + kNalGap); r + 7 <= last; ++r) {
+            for (quint64 r = q, last = qMin(end, q + kNalGap); r + kNalLook <= last; ++r) {
                 if (unitAt(r, valid, &ignored)) {
                     ++n;
                     break;

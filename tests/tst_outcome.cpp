@@ -207,6 +207,7 @@ private Q_SLOTS:
             {fixtures::moovRemoved(avc), Codec::H264},
             {fixtures::moovRemoved(hevc), Codec::Hevc},
             {fixtures::moovRemoved(fixtures::cameraLayout(fixtures::healthy("carve_aac48.mov"), 1.0)), Codec::H264},
+            {fixtures::moovRemoved(fixtures::healthy("carve_r25.mov")), Codec::H264},
             {noise, Codec::Unknown},
         };
         for (const auto &p : probes) {
