@@ -13,3 +13,6 @@ void ThreadVideoRepair::WriteRebuiltFile(const QString &)
     // file is written, so nothing half-made can be taken for a result.
     qDebug().noquote() << "Index rebuild not handled yet for" << strFileName;
 }
+
+void ThreadVideoRepair::BuildVideoTrak() {}
+void ThreadVideoRepair::BuildSoundTrak() {}

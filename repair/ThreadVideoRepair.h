@@ -147,6 +147,8 @@ public:
 
     // --- Index rebuild ---
     void WriteRebuiltFile(const QString &logPath);
+    void BuildVideoTrak();
+    void BuildSoundTrak();
 
 Q_SIGNALS:
     void RepairFinish();
