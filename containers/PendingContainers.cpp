@@ -16,7 +16,6 @@ void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
     Q_EMIT WriteStatus(false, hasVideo_Strh, fileName, false);
 }
 
-void ThreadVideoRepair::RepairDatFile(const QString &) { StageNotBuilt("VCD DAT", false); }
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
 void ThreadVideoRepair::RepairAsfFile(const QString &) {}

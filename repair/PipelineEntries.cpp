@@ -21,7 +21,6 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
 #define VM_PENDING_ENTRY(name, what) \
     void ThreadVideoRepair::name(CarverArgs &) { StageNotBuilt(what, true); }
 
-VM_PENDING_ENTRY(RepairImkhFile, "IMKH surveillance stream")
 VM_PENDING_ENTRY(CarveMpegPsInMov, "MPEG program stream")
 VM_PENDING_ENTRY(RepairTsInMov, "MPEG transport stream")
 VM_PENDING_ENTRY(Repair3gpStream, "3GP stream")

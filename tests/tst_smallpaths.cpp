@@ -1,0 +1,136 @@
+// Files ffmpeg reads whole, repaired through videomend-cli: a program stream
+// behind an "IMKH" header becomes Matroska under the file's own name; a Video
+// CD's .dat, bare or as disc sectors, is re-encoded to stem + ".mov". Frames are
+// counted against what ffmpeg itself makes of the same bytes.
+
+#include "support/DiscFixtures.h"
+#include "support/Fixtures.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+QByteArray readFile(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+QString run(const QString &program, const QStringList &args)
+{
+    QProcess p;
+    p.start(program, args);
+    p.waitForFinished(300000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+// Container name and video packets.
+QPair<QString, int> probe(const QString &path)
+{
+    const QStringList args = {"-v", "error", "-count_packets", "-select_streams", "v:0", "-show_entries",
+                              "format=format_name:stream=nb_read_packets", "-of", "default=nw=1:nk=1", path};
+    const QStringList f = run("ffprobe", args).split('\n', Qt::SkipEmptyParts);
+    return {f.value(1).trimmed(), f.value(0).trimmed().toInt()};
+}
+
+int decodedFrames(const QString &path)
+{
+    const QStringList args = {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"};
+    return run("ffmpeg", args).count("\n0,");
+}
+
+int ffmpegsOwnCopy(const QString &path, const QString &dir)
+{
+    const QString out = dir + "/reference.mkv";
+    run("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", path, "-map", "0", "-c", "copy", out});
+    return probe(out).second;
+}
+} // namespace
+
+class TestSmallPaths : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void repairs_data()
+    {
+        QTest::addColumn<QString>("bytes"); // imkh, vcd, disc, cut-imkh, cut-vcd, imkh-noise, noise, empty
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("result"); // empty: none
+        QTest::addColumn<QString>("format");
+        QTest::newRow("imkh") << "imkh" << "cam.mp4" << "cam.mp4" << "matroska";
+        QTest::newRow("imkh, blank") << "imkh" << "my cam.mp4" << "my cam.mp4" << "matroska";
+        QTest::newRow("imkh, dash") << "imkh" << "-cam.mp4" << "-cam.mp4" << "matroska";
+        QTest::newRow("imkh cut") << "cut-imkh" << "cam.mp4" << "cam.mp4" << "matroska";
+        QTest::newRow("imkh, noise behind") << "imkh-noise" << "cam.mp4" << "" << "";
+        QTest::newRow("dat") << "vcd" << "clip.dat" << "clip.mov" << "mov";
+        QTest::newRow("dat off a disc") << "disc" << "AVSEQ01.DAT" << "AVSEQ01.mov" << "mov";
+        QTest::newRow("dat, two dots") << "vcd" << "a.b.dat" << "a.mov" << "mov";
+        QTest::newRow("dat, dash and blank") << "vcd" << "-a b.DAT" << "-a b.mov" << "mov";
+        QTest::newRow("dat cut") << "cut-vcd" << "clip.dat" << "clip.mov" << "mov";
+        QTest::newRow("dat noise") << "noise" << "clip.dat" << "" << "";
+        QTest::newRow("dat empty") << "empty" << "clip.dat" << "" << "";
+    }
+
+    void repairs()
+    {
+        QFETCH(QString, bytes);
+        QFETCH(QString, name);
+        QFETCH(QString, result);
+        QFETCH(QString, format);
+        VM_FIXTURE(vcd, fixtures::vcdStream());
+        VM_FIXTURE(imkh, fixtures::imkhStream());
+        QByteArray data = readFile(bytes.contains("imkh") ? imkh : vcd);
+        QByteArray noise(300000, '\0');
+        QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
+        if (bytes == "disc")
+            data = fixtures::cdxaImage(data);
+        else if (bytes.startsWith("cut"))
+            data.truncate(data.size() * 6 / 10);
+        else if (bytes == "imkh-noise")
+            data = data.left(40) + noise; // the header kept
+        else if (bytes != "vcd" && bytes != "imkh")
+            data = bytes == "noise" ? noise : QByteArray();
+
+        QTemporaryDir tmp;
+        const QString src = tmp.path() + "/" + name, work = tmp.path() + "/work";
+        QFile f(src);
+        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(data) == data.size());
+        f.close();
+        QVERIFY(QDir().mkpath(work));
+        const QByteArray before = fixtures::digest(src);
+        if (bytes == "disc") // the wrapper must be something ffmpeg reads
+            QCOMPARE(decodedFrames(src), 150);
+
+        QProcess p;
+        p.start(VM_CLI_PATH, {"repair", "--work", work, "--", src});
+        QVERIFY(p.waitForFinished(300000));
+        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+        QCOMPARE(fixtures::digest(src), before);
+        const QStringList left =
+            QDir(work + "/Repaired").entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        if (result.isEmpty()) {
+            QCOMPARE(line.value(0), QString("Failed"));
+            QCOMPARE(line.value(2), QString("-"));
+            QCOMPARE(left, QStringList());
+            return;
+        }
+        QCOMPARE(line.value(0), QString("Completed"));
+        QCOMPARE(line.value(2), work + "/Repaired/" + result);
+        QCOMPARE(left, QStringList{result}); // no work file stays
+        const QPair<QString, int> got = probe(line.value(2));
+        QVERIFY2(got.first.startsWith(format), qPrintable(got.first));
+        // The whole stream: every picture; a cut one: what ffmpeg itself gets out of it.
+        int want = 150;
+        if (bytes.startsWith("cut"))
+            want = format == "mov" ? decodedFrames(src) : ffmpegsOwnCopy(src, tmp.path());
+        qInfo("%s: %d of %d frames", qPrintable(name), got.second, want);
+        QVERIFY(want > 0);
+        QCOMPARE(got.second, want);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSmallPaths)
+#include "tst_smallpaths.moc"
