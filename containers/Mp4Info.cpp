@@ -1,6 +1,7 @@
 #include "containers/Mp4Info.h"
 
 #include "containers/ContainerConstants.h"
+#include "repair/BitReader.h"
 #include "repair/BufferedReader.h"
 
 #include <QHash>
@@ -141,41 +142,6 @@ void readTrak(BufferedReader &f, const Atom &trak, Info &info)
     slot = t;
 }
 
-// Exp-Golomb codes of a slice header, from a few bytes; -1 past them or for
-// a code longer than a header field can be.
-class Bits
-{
-public:
-    Bits(const quint8 *b, int bytes) : m_b(b), m_bits(bytes * 8) {}
-    int bit()
-    {
-        if (m_at >= m_bits)
-            return -1;
-        const int b = (m_b[m_at / 8] >> (7 - m_at % 8)) & 1;
-        ++m_at;
-        return b;
-    }
-    int ue()
-    {
-        int zeros = 0;
-        for (int b = bit(); b != 1; b = bit())
-            if (b < 0 || ++zeros > 16)
-                return -1;
-        int v = 0;
-        for (int i = 0; i < zeros; ++i) {
-            const int b = bit();
-            if (b < 0)
-                return -1;
-            v = v << 1 | b;
-        }
-        return (1 << zeros) - 1 + v;
-    }
-
-private:
-    const quint8 *m_b;
-    int m_bits, m_at = 0;
-};
-
 // H.264: a slice that starts its picture (first macroblock 0, a slice type,
 // parameter set 0), a parameter set, SEI or delimiter. b: header + 4 bytes.
 bool h264Unit(const quint8 *b)
@@ -189,7 +155,7 @@ bool h264Unit(const quint8 *b)
             return false;
         Q_FALLTHROUGH();
     case 1: {
-        Bits r(b + 1, 4);
+        BitReader r(b + 1, 4);
         if (r.bit() != 1)
             return false;
         const int sliceType = r.ue();
@@ -211,7 +177,7 @@ bool hevcUnit(const quint8 *b)
         return false;
     const int type = (b[0] >> 1) & 63;
     if (type <= 9 || (type >= 16 && type <= 21)) {
-        Bits r(b + 2, 3);
+        BitReader r(b + 2, 3);
         if (r.bit() != 1)
             return false;
         if (type >= 16)

@@ -6,6 +6,7 @@
 
 #include "carve/video/WorkFiles.h"
 #include "containers/Mp4Info.h"
+#include "mux/CompositionTimes.h"
 #include "repair/ThreadVideoRepair.h"
 
 #include <QDir>
@@ -195,12 +196,26 @@ void ThreadVideoRepair::RunMuxStage(StageId id, CarverArgs &args, int withSound)
         v.ch = QString::number(pcm.channels);
     }
 
+    // The display order of a raw H.264 stream, read once for the stage's runs.
+    bool orderRead = false;
+    carve::PictureOrder order;
     auto run = [&](RowId row, const QString &name) {
         Values w = v;
         w.out = name;
         const Row &r = RowOf(row);
         const QStringList a = BuildArguments(r, w);
         const RunResult res = Run(r.form, a, workDir);
+        // At the sample's rate, B-frames get their presentation times from
+        // the stream's own picture order.
+        if (res.exitCode == 0 && !v.exactRate.isEmpty() && GivesRawVideoARate(r) &&
+            v.video.endsWith(QLatin1String(".h264"))) {
+            if (!orderRead) {
+                order = carve::H264DisplayOrderOfFile(v.video);
+                orderRead = true;
+            }
+            if (AddCompositionTimes(outDir + "/" + name, order))
+                qDebug().noquote() << "Presentation times from the picture order, delay" << order.delay;
+        }
         if (r.logOutput && !res.output.isEmpty())
             qDebug().noquote() << res.output;
         // A result the disk couldn't take whole is no result.

@@ -108,9 +108,24 @@ bool isFileToken(const QString &token)
             return true;
     return false;
 }
+// The option at i gives the raw video input behind it a rate.
+bool rateBeforeRawVideo(const QStringList &tokens, int i)
+{
+    return (tokens.at(i) == "-r" || tokens.at(i) == "-framerate") && tokens.value(i + 2) == "-i" &&
+           tokens.value(i + 3) == "{video}";
+}
 } // namespace
 
 const Row &RowOf(RowId id) { return kRows[int(id)]; }
+
+bool GivesRawVideoARate(const Row &row)
+{
+    const QStringList tokens = QString::fromLatin1(row.arguments).split(' ', Qt::SkipEmptyParts);
+    for (int i = 0; i < tokens.size(); ++i)
+        if (rateBeforeRawVideo(tokens, i))
+            return true;
+    return false;
+}
 
 const Row *RowByName(const QString &name)
 {
@@ -132,23 +147,14 @@ QStringList BuildArguments(const Row &row, const Values &values)
 {
     QStringList args;
     const QStringList tokens = QString::fromLatin1(row.arguments).split(' ', Qt::SkipEmptyParts);
-    bool rawVideoAtExactRate = false;
     for (int i = 0; i < tokens.size(); ++i) {
         const QString &token = tokens.at(i);
         QString filled = fill(token, values);
         // Departure from the fixed 30 (or whole frames per second): a raw
         // stream muxed at the sample's exact rate keeps its speed and its sync.
-        const bool rateOfRawVideo = i > 0 && (tokens.at(i - 1) == "-r" || tokens.at(i - 1) == "-framerate") &&
-                                    tokens.value(i + 1) == "-i" && tokens.value(i + 2) == "{video}";
-        if (rateOfRawVideo && !values.exactRate.isEmpty()) {
+        const bool rateOfRawVideo = i > 0 && rateBeforeRawVideo(tokens, i - 1);
+        if (rateOfRawVideo && !values.exactRate.isEmpty())
             filled = values.exactRate;
-            rawVideoAtExactRate = true;
-        }
-        // A raw stream has no presentation times: ffmpeg starts a stream with
-        // B-frames two frames early, and the edit list that follows hides
-        // them. Starting at zero shows every frame and keeps the length.
-        if (rawVideoAtExactRate && i == tokens.size() - 1 && (token == "{out}" || token == "{alt}"))
-            args << "-avoid_negative_ts" << "make_zero";
         // A file name that ffmpeg would read as an option or a protocol is
         // made a plain path; ordinary names stay as they are.
         args << (isFileToken(token) ? FileArgument(filled) : filled);

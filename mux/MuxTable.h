@@ -61,6 +61,9 @@ struct Values
 
 QStringList BuildArguments(const Row &row, const Values &values);
 
+// True for a row that gives a raw video stream a rate ("-r 30 -i {video}").
+bool GivesRawVideoARate(const Row &row);
+
 // The raw PCM description of the LPCM rows: format from the bit depth (0 and
 // 24 give s24le, 16 s16le, 32 s32le, anything else nothing), rate (48000 when
 // unknown) and channels (1 or 2, else 2).

@@ -2,7 +2,9 @@
 // file has no result, what a result holds, and what the track reader and the
 // codec probe make of recordings, samples and junk.
 
+#include "carve/video/H264Timing.h"
 #include "containers/Mp4Info.h"
+#include "mux/CompositionTimes.h"
 #include "repair/BufferedReader.h"
 #include "repair/Outcome.h"
 #include "repair/ThreadVideoRepair.h"
@@ -36,6 +38,19 @@ QMap<QString, Stream> streams(const QString &path)
         if (!out.contains(f.value(0)))
             out[f.value(0)] = {f.value(1), f.value(2).toDouble()};
     }
+    return out;
+}
+
+// Each decoded picture's presentation time and checksum.
+QStringList pictures(const QString &path)
+{
+    QProcess p;
+    p.start("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"});
+    p.waitForFinished(120000);
+    QStringList out;
+    for (const QString &l : QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts))
+        if (!l.startsWith('#'))
+            out << l.section(',', 2, 2).trimmed() + ' ' + l.section(',', 5).trimmed();
     return out;
 }
 
@@ -87,6 +102,8 @@ private Q_SLOTS:
         QCOMPARE(s["video"].rate, rate);
         const double picture = s["video"].seconds, sound = s["audio"].seconds;
         QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
+        // Every picture at its own time, B-frames included: as in the healthy file.
+        QCOMPARE(pictures(line.value(2)), pictures(healthy));
         // No second result at a whole rate beside it.
         QCOMPARE(QDir(work.filePath("Repaired")).entryList({"1_*"}, QDir::Files), QStringList());
     }
@@ -168,6 +185,27 @@ private Q_SLOTS:
         // Without a reason from the engine: waiting for a sample, or nothing found with one.
         QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, false).reason, outcome::ReasonText(Why::NoSample, {}));
         QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, true).reason, outcome::ReasonText(Why::NothingFound, {}));
+    }
+
+    void pictureOrderOfRawStreams()
+    {
+        VM_FIXTURE(stream, fixtures::healthy("es.h264")); // x264 with B-frames
+        const carve::PictureOrder o = carve::H264DisplayOrderOfFile(stream);
+        QCOMPARE(o.display.size(), 50);
+        QVERIFY(o.reordered());
+        QVector<int> sorted = o.display;
+        std::sort(sorted.begin(), sorted.end());
+        for (int i = 0; i < sorted.size(); ++i)
+            QCOMPARE(sorted[i], i); // each place once
+        // Junk and cut streams give no order, and no file is patched with one.
+        QByteArray cut = QByteArray("\0\0\0\1\x67\x64", 6) + QByteArray(3000, '\0') + "\0\0\1\x65\x88";
+        const QString junk = randomFile(m_dir.filePath("junk.h264"), 1 << 20), short_ = m_dir.filePath("cut.h264");
+        QVERIFY(mov::write(short_, cut));
+        for (const QString &path : {junk, short_})
+            QVERIFY(!carve::H264DisplayOrderOfFile(path).reordered());
+        const QByteArray before = fixtures::digest(stream);
+        QVERIFY(!mux::AddCompositionTimes(stream, o));
+        QCOMPARE(fixtures::digest(stream), before);
     }
 
     void tracksRatesAndCodecs()
