@@ -36,3 +36,64 @@ constexpr size_t kNalLook = 9; // length, header and the start of a slice header
 constexpr int kWinFactor = 4;
 
 } // namespace mp4info
+
+// The stream scanners of 3GP, ProRes and Motion JPEG recordings: what each
+// walk looks for, as data. A pattern is four bytes with a mask; a position is
+// only tested where four bytes of the file are left.
+namespace streamscan {
+
+struct Pattern
+{
+    quint8 bytes[4];
+    quint8 mask[4];
+};
+// A tag compared whole, and a picture start with its last bytes free.
+#define VM_TAG(t) {{quint8(t[0]), quint8(t[1]), quint8(t[2]), quint8(t[3])}, {0xFF, 0xFF, 0xFF, 0xFF}}
+
+// 3GP: atoms stepped over by their size, the one that ends the scan, and the
+// starts of a video frame: an MPEG-4 picture, or an H.263 picture start code
+// (22 bits, then the picture's number).
+constexpr Pattern k3gpAtoms[] = {VM_TAG("ftyp"), VM_TAG("wide"), VM_TAG("free"), VM_TAG("pict"),
+                                 VM_TAG("meta"), VM_TAG("meco"), VM_TAG("uuid"), VM_TAG("pdin")};
+constexpr Pattern kMoov = VM_TAG("moov");
+constexpr Pattern k3gpFrameStarts[] = {{{0x00, 0x00, 0x01, 0xB6}, {0xFF, 0xFF, 0xFF, 0xFF}},
+                                       {{0x00, 0x00, 0x80, 0x00}, {0xFF, 0xFF, 0xFC, 0x00}}};
+// AMR frames by their first byte, in the order a frame's end is looked for
+// behind the next picture (0x24 is given 41 bytes, not the 20 of its mode).
+struct AmrFrame
+{
+    quint8 head;
+    quint32 size;
+};
+constexpr AmrFrame kAmrFrames[] = {{0x0C, 14}, {0x3C, 32}, {0x1C, 18}, {0x24, 41}};
+
+// ProRes: every frame carries this tag behind its 32-bit size. Behind a
+// frame, this many bytes are looked at for zero padding (stepped in fours)
+// before the next frame or a run of sound.
+constexpr Pattern kProResFrame = VM_TAG("icpf");
+constexpr quint64 kProResFrameTagAt = 4;
+constexpr quint32 kProResMinFrame = 8; // size and tag
+constexpr quint64 kProResLook = 10000;
+
+// Motion JPEG: atoms stepped over by size + 5, the openings of a frame, its
+// end marker. The first two frames are searched for their end 5000 bytes on,
+// the later ones 0.88 of the second's size on, so that a smaller frame isn't
+// jumped over.
+constexpr Pattern kJpegAtoms[] = {VM_TAG("udta"), VM_TAG("moov"), VM_TAG("ftyp"), VM_TAG("tkhd")};
+constexpr quint64 kJpegAtomStep = 5;
+constexpr Pattern kJpegOpenings[] = {{{0xFF, 0xD8, 0xFF, 0xDB}, {0xFF, 0xFF, 0xFF, 0xFF}},
+                                     {{0xFF, 0xD8, 0xFF, 0xE0}, {0xFF, 0xFF, 0xFF, 0xFF}},
+                                     {{0xFF, 0xD8, 0xFF, 0xE1}, {0xFF, 0xFF, 0xFF, 0xFF}}};
+constexpr Pattern kJpegEnd = {{0xFF, 0xD9, 0, 0}, {0xFF, 0xFF, 0, 0}};
+constexpr quint64 kJpegEndSize = 2;
+constexpr quint64 kJpegFirstSkip = 5000;
+constexpr int kJpegSkipFrame = 2;           // its size becomes the skip
+constexpr int kJpegShrinkFrame = 3;         // where the skip shrinks, once
+constexpr quint64 kJpegShrinkPercent = 88;
+
+#undef VM_TAG
+
+// The progress bar's range: the file size, at most this.
+constexpr quint64 kRangeCap = 0xFFFFFFFFULL, kJpegRangeCap = 0x40000000ULL;
+
+} // namespace streamscan
