@@ -329,6 +329,10 @@ QString Differences(const Info &rec, Codec recCodec, const Info &sample)
     const bool moovKnown = moovCodec != Codec::Unknown && moovCodec != Codec::Other;
     if (moovKnown)
         recCodec = moovCodec;
+    // Without a moov the codec is read from chains of length-prefixed units,
+    // which only H.264 and HEVC have; ProRes or JPEG data makes chance chains.
+    else if (sampleCodec != Codec::H264 && sampleCodec != Codec::Hevc)
+        recCodec = Codec::Unknown;
     if (recCodec != Codec::Unknown && sampleCodec != Codec::Unknown && recCodec != sampleCodec)
         d << QStringLiteral("codec %1 in the recording, %2 in the sample")
                  .arg(QLatin1String(CodecName(recCodec)), QLatin1String(CodecName(sampleCodec)));
