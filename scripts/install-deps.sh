@@ -6,7 +6,7 @@ set -euo pipefail
 packages=(
   build-essential cmake pkg-config
   qtbase5-dev qttools5-dev-tools qttools5-dev
-  ffmpeg mplayer
+  ffmpeg libavcodec-extra mplayer
   xvfb xauth fonts-dejavu-core fonts-dejavu-extra qttranslations5-l10n
   desktop-file-utils
 )
