@@ -1,18 +1,173 @@
+// The rebuilt file's frame: ftyp, the mdat with the listed pieces, the moov
+// header and mvhd; the track writers add the traks. Also the repair thread's
+// members of the rebuild, which hand the stages the thread's own members.
+
+#include "rebuild/LogReader.h"
+#include "rebuild/RebuildConstants.h"
+#include "rebuild/RebuildOutput.h"
+#include "rebuild/RebuildStages.h"
 #include "repair/ThreadVideoRepair.h"
 
+#include <QFileInfo>
 #include <QtDebug>
 
-void ThreadVideoRepair::WriteRebuiltFile(const QString &)
+namespace rebuild {
+
+namespace {
+
+// The damaged file's own ftyp when it has one of a sane size, else the
+// template. Sets state.nLeadAtomSize to where the mdat goes.
+void writeLead(Env &env, Output &out)
 {
-    if (pApp.bMuxedResult) {
-        // The muxer or a container path wrote the result; only list it.
-        pApp.lstRepairedFiles << strRepairedDir + "/" + strFileName;
+    RepairState &s = env.state;
+    BufferedReader &src = env.source;
+    const quint32 size = src.isOpen() ? src.be32(0) : 0;
+    // A size beyond the damaged file is no ftyp's: the template stands in.
+    if (!src.isOpen() || !src.tagAt(4, kFtypTag) || size > s.ullFileSize) {
+        if (src.isOpen())
+            out.put(kFtyp);
+        s.nLeadAtomSize = kTemplateLead;
         return;
     }
-    // Rebuilding a MOV from the pieces in the work log is not built yet: no
-    // file is written, so nothing half-made can be taken for a result.
-    qDebug().noquote() << "Index rebuild not handled yet for" << strFileName;
+    s.nLeadAtomSize = size;
+    // An ftyp of kMaxCopiedFtyp bytes or more isn't copied, yet the mdat still
+    // starts behind it: a hole of zeros stands in its place.
+    if (size < kMaxCopiedFtyp) {
+        quint8 ftyp[kMaxCopiedFtyp];
+        src.readAt(0, ftyp, size);
+        out.write(ftyp, size);
+    }
 }
 
-void ThreadVideoRepair::BuildVideoTrak() {}
-void ThreadVideoRepair::BuildSoundTrak() {}
+// Copies the listed pieces behind the mdat header, in log order, and counts
+// them in state.ullMdatSize. Ends early on a stop.
+void copyPieces(Env &env, const QString &logPath, Output &out)
+{
+    RepairState &s = env.state;
+    LogReader log(logPath);
+    if (s.ullFileSize > kBigFile && env.progress)
+        env.progress->setRange(kProgressRange);
+    std::unique_ptr<quint8[]> buffer;
+    Piece piece;
+    while (!s.bStopRepair && !out.failed() && log.next(piece)) {
+        if (piece.kind == PieceKind::Sound)
+            s.bInSoundTrak = true;
+        // A piece that doesn't end before the end of the damaged file (nor
+        // one ending exactly there) is counted but not copied, so the tables
+        // still describe every listed piece.
+        const bool inFile = env.source.isOpen() && piece.offset < s.ullFileSize
+                            && piece.size < s.ullFileSize - piece.offset;
+        // The count stops at the damaged file's size, so no size field can
+        // make the output gigabytes long; pieces past that aren't copied.
+        const quint64 room = s.ullFileSize - qMin(s.ullMdatSize, s.ullFileSize);
+        s.ullMdatSize = piece.size < room ? s.ullMdatSize + piece.size : s.ullFileSize;
+        if (!inFile || piece.size > room)
+            continue;
+        if (!buffer)
+            buffer.reset(new quint8[kCopyBuffer]);
+        for (quint64 done = 0; done < piece.size && !s.bStopRepair;) {
+            const size_t n = size_t(qMin<quint64>(kCopyBuffer, piece.size - done));
+            env.source.readAt(piece.offset + done, buffer.get(), n);
+            out.write(buffer.get(), n);
+            done += n;
+        }
+        if (!s.bStopRepair && env.progress)
+            env.progress->setValue(qint64(quint32(s.ullMdatSize)));
+    }
+}
+
+bool sameFile(const QString &a, const QString &b)
+{
+    const QString x = QFileInfo(a).canonicalFilePath();
+    return !x.isEmpty() && x == QFileInfo(b).canonicalFilePath();
+}
+
+} // namespace
+
+void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPath)
+{
+    RepairState &s = env.state;
+    if (s.bMuxedResult) {
+        // The muxer or a container path wrote the result; only list it.
+        s.lstRepairedFiles << outputPath;
+        return;
+    }
+    s.ullMdatSize = 0;
+    s.ullScanPos = 0;
+    // From here on the flag says whether the log lists sound; what the moov
+    // parse left in it doesn't count.
+    s.bInSoundTrak = false;
+    if (sameFile(outputPath, env.source.path())) {
+        qWarning().noquote() << "Rebuild: the output would overwrite the damaged file" << outputPath;
+        return;
+    }
+    env.output.reset(new QFile(outputPath));
+    if (!env.output->open(QIODevice::ReadWrite | QIODevice::Truncate)) {
+        qWarning().noquote() << "Rebuild: can't create" << outputPath << env.output->errorString();
+        env.output.reset();
+        return;
+    }
+    s.lstRepairedFiles << outputPath;
+    Output out(*env.output);
+    writeLead(env, out);
+    out.seek(s.nLeadAtomSize);
+    out.put(kMdatHead);
+    // After a stop the file is still closed off, on what was copied so far.
+    copyPieces(env, logPath, out);
+    out.patch64(s.nLeadAtomSize + kMdatSizeAt, s.ullMdatSize + kMdatHead.size());
+
+    s.ullScanPos = s.nLeadAtomSize + kMdatHead.size() + s.ullMdatSize;
+    out.seek(s.ullScanPos);
+    s.ullMoovPos = s.ullScanPos;
+    out.put(kMoovHead);
+    out.put(kMvhd);
+    s.ullScanPos = out.pos();
+    BuildVideoTrak(env, logPath);
+    if (s.bInSoundTrak)
+        BuildSoundTrak(env, logPath);
+}
+
+} // namespace rebuild
+
+namespace {
+
+class ThreadProgress : public rebuild::Progress
+{
+public:
+    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
+    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
+    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
+
+private:
+    ThreadVideoRepair &m_thread;
+};
+
+} // namespace
+
+#define VM_REBUILD_ENV                                                                                  \
+    ThreadProgress progress(*this);                                                                     \
+    rebuild::Env env{pApp,      pSource,   pOutput, pVideoStsd, pSoundStsd, lstVideoChunkSamples, \
+                     lstSoundChunkSamples, &progress, strBaseCopy}
+
+void ThreadVideoRepair::WriteRebuiltFile(const QString &logPath)
+{
+    VM_REBUILD_ENV;
+    const QString output = strRepairedDir + "/" + strFileName;
+    if (!pApp.bMuxedResult)
+        strOutputPath = output;
+    rebuild::WriteRebuiltFile(env, logPath, output);
+}
+
+void ThreadVideoRepair::BuildVideoTrak()
+{
+    VM_REBUILD_ENV;
+    rebuild::BuildVideoTrak(env, strLogPath);
+}
+
+void ThreadVideoRepair::BuildSoundTrak()
+{
+    VM_REBUILD_ENV;
+    rebuild::BuildSoundTrak(env, strLogPath);
+}
+
+#undef VM_REBUILD_ENV

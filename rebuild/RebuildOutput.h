@@ -1,0 +1,49 @@
+#pragma once
+// Big-endian stores into the rebuilt file, at its end or over what is there.
+
+#include "rebuild/RebuildConstants.h"
+
+#include <QFile>
+
+namespace rebuild {
+
+class Output
+{
+public:
+    explicit Output(QFile &file) : m_file(file) {}
+    quint64 pos() const { return quint64(m_file.pos()); }
+    bool seek(quint64 at) { return m_file.seek(qint64(at)); }
+    void write(const void *data, size_t n) { m_file.write(static_cast<const char *>(data), qint64(n)); }
+    template <size_t N>
+    void put(const Bytes<N> &b) { write(b.data(), N); }
+    void put32(quint32 v) { put(u32(v)); }
+    void put64(quint64 v) { put(cat(u32(quint32(v >> 32)), u32(quint32(v)))); }
+    // Overwrites at `at` and goes back to where the writing stood.
+    void patch32(quint64 at, quint32 v)
+    {
+        const qint64 back = m_file.pos();
+        if (seek(at))
+            put32(v);
+        m_file.seek(back);
+    }
+    void patch64(quint64 at, quint64 v)
+    {
+        patch32(at, quint32(v >> 32));
+        patch32(at + 4, quint32(v));
+    }
+    bool failed() const { return m_file.error() != QFileDevice::NoError; }
+
+private:
+    QFile &m_file;
+};
+
+// Sets a 32-bit field of a template copy.
+template <size_t N>
+void set32(Bytes<N> &b, size_t at, quint32 v)
+{
+    const Bytes<4> x = u32(v);
+    for (size_t i = 0; i < 4; ++i)
+        b[at + i] = x[i];
+}
+
+} // namespace rebuild
