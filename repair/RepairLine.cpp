@@ -3,10 +3,40 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QtDebug>
+#include <zlib.h>
 
 namespace {
 constexpr char kVersion = 3;
 constexpr quint32 kMaxLineBytes = 1 << 20;
+constexpr int kLevel = 9;
+
+// qCompress(data, 9), byte for byte: the length, big-endian, then a zlib
+// stream. One deflate state per thread is reset for each line instead of
+// being made anew: setting one up costs far more than a short line.
+QByteArray compressLine(const QByteArray &data)
+{
+    struct Deflater
+    {
+        z_stream s{};
+        bool ok = deflateInit(&s, kLevel) == Z_OK;
+        ~Deflater() { deflateEnd(&s); }
+    };
+    thread_local Deflater d;
+    if (data.isEmpty() || !d.ok || deflateReset(&d.s) != Z_OK)
+        return qCompress(data, kLevel);
+    const uLong bound = deflateBound(&d.s, uLong(data.size()));
+    QByteArray out(int(4 + bound), '\0');
+    const quint32 n = quint32(data.size());
+    out[0] = char(n >> 24), out[1] = char(n >> 16), out[2] = char(n >> 8), out[3] = char(n);
+    d.s.next_in = reinterpret_cast<Bytef *>(const_cast<char *>(data.constData()));
+    d.s.avail_in = uInt(data.size());
+    d.s.next_out = reinterpret_cast<Bytef *>(out.data() + 4);
+    d.s.avail_out = uInt(bound);
+    if (deflate(&d.s, Z_FINISH) != Z_STREAM_END)
+        return qCompress(data, kLevel);
+    out.truncate(int(4 + d.s.total_out));
+    return out;
+}
 }
 
 RepairLine::RepairLine(quint64 key)
@@ -30,7 +60,7 @@ QString RepairLine::EncryptLine(const QString &text)
 {
     QByteArray body = text.toUtf8();
     quint8 flags = 0;
-    const QByteArray packed = qCompress(body, 9);
+    const QByteArray packed = compressLine(body);
     if (packed.size() < body.size()) {
         body = packed;
         flags |= FlagCompressed;
