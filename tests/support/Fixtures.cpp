@@ -1,7 +1,6 @@
 #include "Fixtures.h"
 
 #include <csignal>
-#include <cstring>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -66,24 +65,16 @@ QStringList camAt(const char *source, const QString &rate, int seconds)
 }
 
 QStringList audio(const QString &codec) { return {"-c:a", codec}; }
-// The stream scanners' recordings: ProRes with 24-bit PCM, Motion JPEG with
-// 8-bit PCM and its moov in front, 3GP with AMR.
-QStringList scanAt(const char *source, const char *size, int rate, int seconds)
+// The stream scanners' recordings: ProRes with 24-bit PCM (in 1 s packets or
+// ffmpeg's own), Motion JPEG with 8-bit PCM and its moov in front, 3GP with AMR.
+QStringList scanClip(const QString &video, const QString &noise, const QStringList &codecs)
 {
-    const QString options = QStringLiteral("size=%1:rate=%2:duration=%3").arg(size).arg(rate).arg(seconds);
-    return {"-f", "lavfi", "-i", QString::fromLatin1(source) + (std::strchr(source, '=') ? ":" : "=") + options};
+    return QStringList{"-f", "lavfi", "-i", video, "-f", "lavfi", "-i", "anoisesrc=c=pink:a=0.2:" + noise} + codecs;
 }
-QStringList scanNoise(int channels, int rate, double seconds)
-{
-    return {"-f", "lavfi", "-i", QStringLiteral("anoisesrc=d=%1:c=pink:a=0.2:r=%2").arg(seconds).arg(rate),
-            "-ac", QString::number(channels)};
-}
-QStringList scanAmr(const char *rate) { return {"-c:a", "libopencore_amrnb", "-ar", "8000", "-b:a", rate}; }
-const QStringList kScanProRes = {"-c:v", "prores_ks", "-profile:v", "0", "-c:a", "pcm_s24le"};
-const QStringList kScanMjpeg = {"-c:v", "mjpeg", "-q:v", "5", "-pix_fmt", "yuvj420p", "-c:a", "pcm_u8",
-                                "-movflags", "+faststart"};
-const QStringList kScanH263 = {"-c:v", "h263"};
-const QStringList kScanMpeg4 = {"-c:v", "mpeg4", "-q:v", "6"};
+const QStringList kScanProRes = {"-ac", "2", "-c:v", "prores_ks", "-profile:v", "0", "-c:a", "pcm_s24le"};
+const QStringList kScanSecond = {"-af", "asetnsamples=n=48000"};
+const QStringList kScanMjpeg = {"-c:v", "mjpeg", "-q:v", "5", "-pix_fmt", "yuvj420p", "-c:a", "pcm_u8", "-movflags", "+faststart"};
+QStringList scanAmr(const char *video, const char *rate) { return {"-c:v", video, "-c:a", "libopencore_amrnb", "-ar", "8000", "-b:a", rate}; }
 
 
 const QVector<Row> &table()
@@ -158,25 +149,20 @@ const QVector<Row> &table()
         {"carve_r50_sample.mov", camAt("smptebars", "50", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
         {"carve_hevc_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
         // Recordings of the stream scanners, each with a 3 s sample of other content.
-        {"scan_prores.mov", scanAt("testsrc2", "1280x720", 25, 8) + scanNoise(2, 48000, 8.5) + kScanProRes
-                                + QStringList{"-af", "asetnsamples=n=48000"}},
-        {"scan_prores_fine.mov", scanAt("testsrc2", "1280x720", 25, 8) + scanNoise(2, 48000, 8.5) + kScanProRes},
-        {"scan_prores_sample.mov", scanAt("smptebars", "1280x720", 25, 3) + scanNoise(2, 48000, 3) + kScanProRes
-                                       + QStringList{"-af", "asetnsamples=n=48000"}},
-        {"scan_mjpeg.mov", scanAt("testsrc2", "640x480", 30, 4) + scanNoise(1, 16000, 3.9) + kScanMjpeg},
-        {"scan_mjpeg_sample.mov", scanAt("smptebars", "640x480", 30, 3) + scanNoise(1, 16000, 2.9) + kScanMjpeg},
-        {"scan_mjpeg_sowt_first.mov", scanAt("testsrc2", "640x480", 30, 4) + scanNoise(1, 16000, 3.9) + kScanMjpeg
-                                          + QStringList{"-map", "1:a", "-map", "0:v", "-c:a", "pcm_s16le"}},
-        {"scan_mjpeg_black.mov", scanAt("color=c=black", "640x480", 30, 1) + scanAt("testsrc2", "640x480", 30, 3)
-                                     + scanNoise(1, 16000, 3.9) + kScanMjpeg
-                                     + QStringList{"-filter_complex", "[0:v][1:v]concat=n=2:v=1:a=0[v]", "-map",
-                                                   "[v]", "-map", "2:a"}},
-        {"scan_mjpeg_end.mov", scanAt("testsrc2", "640x480", 30, 4) + scanNoise(1, 16000, 3.9)
-                                   + kScanMjpeg.mid(0, kScanMjpeg.size() - 2)},
-        {"scan_h263.3gp", scanAt("testsrc2", "qcif", 15, 10) + scanNoise(1, 8000, 10) + kScanH263 + scanAmr("12.2k")},
-        {"scan_h263_sample.3gp", scanAt("smptebars", "qcif", 15, 3) + scanNoise(1, 8000, 3) + kScanH263 + scanAmr("12.2k")},
-        {"scan_mpeg4.3gp", scanAt("testsrc2", "qcif", 15, 10) + scanNoise(1, 8000, 10) + kScanMpeg4 + scanAmr("5.15k")},
-        {"scan_mpeg4_sample.3gp", scanAt("smptebars", "qcif", 15, 3) + scanNoise(1, 8000, 3) + kScanMpeg4 + scanAmr("5.15k")},
+        {"scan_prores.mov", scanClip("testsrc2=size=1280x720:rate=25:duration=8", "d=8.5:r=48000", kScanProRes + kScanSecond)},
+        {"scan_prores_fine.mov", scanClip("testsrc2=size=1280x720:rate=25:duration=8", "d=8.5:r=48000", kScanProRes)},
+        {"scan_prores_sample.mov", scanClip("smptebars=size=1280x720:rate=25:duration=3", "d=3:r=48000:seed=7", kScanProRes + kScanSecond)},
+        {"scan_mjpeg.mov", scanClip("testsrc2=size=640x480:rate=30:duration=4", "d=3.9:r=16000", kScanMjpeg)},
+        {"scan_mjpeg_sample.mov", scanClip("smptebars=size=640x480:rate=30:duration=3", "d=2.9:r=16000:seed=7", kScanMjpeg)},
+        {"scan_mjpeg_sowt_first.mov", scanClip("testsrc2=size=640x480:rate=30:duration=4", "d=3.9:r=16000",
+                                               kScanMjpeg + QStringList{"-map", "1:a", "-map", "0:v", "-c:a", "pcm_s16le"})},
+        {"scan_mjpeg_black.mov", scanClip("color=c=black:size=640x480:rate=30:duration=1[a];testsrc2=size=640x480:rate=30:"
+                                          "duration=3[b];[a][b]concat[out0]", "d=3.9:r=16000", kScanMjpeg)},
+        {"scan_mjpeg_end.mov", scanClip("testsrc2=size=640x480:rate=30:duration=4", "d=3.9:r=16000", kScanMjpeg.mid(0, 8))},
+        {"scan_h263.3gp", scanClip("testsrc2=size=qcif:rate=15:duration=10", "d=10:r=8000", scanAmr("h263", "12.2k"))},
+        {"scan_h263_sample.3gp", scanClip("smptebars=size=qcif:rate=15:duration=3", "d=3:r=8000:seed=7", scanAmr("h263", "12.2k"))},
+        {"scan_mpeg4.3gp", scanClip("testsrc2=size=qcif:rate=15:duration=10", "d=10:r=8000", scanAmr("mpeg4", "5.15k"))},
+        {"scan_mpeg4_sample.3gp", scanClip("smptebars=size=qcif:rate=15:duration=3", "d=3:r=8000:seed=7", scanAmr("mpeg4", "5.15k"))},
         // Elementary streams, as the carvers leave them in the work folder.
         {"es.h264", kVideo + kX264},
         {"es.hevc", kVideo + kX265},
