@@ -13,6 +13,8 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
     if (!atomPipeline)
         return;
     pApp.bCarveFailed = true;
+    // Nothing was listed for a rebuild: no empty file is made of the log.
+    pApp.bMuxedResult = true;
     pApp.bKeepLogHandle = true;
     pApp.bMoovParsed = false;
     Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
