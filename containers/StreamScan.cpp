@@ -150,10 +150,14 @@ public:
         found.soundBytes += size;
         line("AAC(soun)", pos, size);
     }
+    // At most about a thousand values a walk: a file of small frames would
+    // otherwise flood the window with them.
     void progress(quint64 pos)
     {
-        if (m_progress && pos < m_range)
-            m_progress->setValue(qint64(pos));
+        if (!m_progress || pos >= m_range || (pos < m_shown + m_range / 1024 && m_shown))
+            return;
+        m_shown = pos;
+        m_progress->setValue(qint64(pos));
     }
 
     Found found;
@@ -183,6 +187,7 @@ private:
     const std::atomic<bool> &m_stop;
     carve::Progress *m_progress;
     const quint64 m_range;
+    quint64 m_shown = 0;
     RepairLine m_cipher;
     QByteArray m_pending;
 };
