@@ -76,7 +76,7 @@ private:
 class Walk
 {
 public:
-    Walk(BufferedReader &f, QIODevice *log, const std::atomic<bool> &stop, carve::Progress *progress,
+    Walk(BufferedReader &f, QIODevice *log, const std::atomic<bool> &stop, StageProgress *progress,
          quint64 rangeCap)
         : m_file(f), m_size(f.size()), m_log(log && log->isOpen() ? log : nullptr), m_stop(stop),
           m_progress(progress), m_range(qMin(m_size, rangeCap))
@@ -185,7 +185,7 @@ private:
     const quint64 m_size;
     QIODevice *m_log;
     const std::atomic<bool> &m_stop;
-    carve::Progress *m_progress;
+    StageProgress *m_progress;
     const quint64 m_range;
     quint64 m_shown = 0;
     RepairLine m_cipher;
@@ -320,7 +320,7 @@ void WalkMotionJpeg(Walk &w)
 } // namespace
 
 Found Scan(Family family, BufferedReader &file, QIODevice *log, const std::atomic<bool> &stop,
-           carve::Progress *progress)
+           StageProgress *progress)
 {
     Walk w(file, log, stop, progress, family == Family::MotionJpeg ? kJpegRangeCap : kRangeCap);
     switch (family) {
@@ -344,17 +344,6 @@ const char *FamilyName(Family family)
 } // namespace streamscan
 
 namespace {
-
-class ThreadProgress : public carve::Progress
-{
-public:
-    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
-    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
-    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
-
-private:
-    ThreadVideoRepair &m_thread;
-};
 
 // The pieces go to the work log for the rebuild; what the scan used is the
 // file's report.

@@ -16,9 +16,7 @@
 
 class BufferedReader;
 class QIODevice;
-namespace carve {
-class Progress;
-}
+class StageProgress;
 
 namespace streamscan {
 
@@ -33,7 +31,7 @@ struct Found
 // Walks `file` from its start to its end, or to a stop. Lines go to `log`
 // when it is open; progress to `progress` when it isn't null.
 Found Scan(Family family, BufferedReader &file, QIODevice *log, const std::atomic<bool> &stop,
-           carve::Progress *progress);
+           StageProgress *progress);
 
 // The name of a family's pictures, for reasons shown to the user.
 const char *FamilyName(Family family);

@@ -8,6 +8,8 @@
 // stop flag is the state's. The repair thread's members of the same names
 // only hand them the thread's members.
 
+#include "repair/StageProgress.h"
+
 #include <QFile>
 #include <QList>
 #include <QString>
@@ -18,13 +20,7 @@ class BufferedReader;
 
 namespace rebuild {
 
-class Progress
-{
-public:
-    virtual ~Progress() = default;
-    virtual void setRange(qint64) {}
-    virtual void setValue(qint64) {}
-};
+using Progress = ::StageProgress;
 
 struct Env
 {

@@ -129,20 +129,6 @@ void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPat
 
 } // namespace rebuild
 
-namespace {
-
-class ThreadProgress : public rebuild::Progress
-{
-public:
-    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
-    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
-    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
-
-private:
-    ThreadVideoRepair &m_thread;
-};
-
-} // namespace
 
 #define VM_REBUILD_ENV                                                                                  \
     ThreadProgress progress(*this);                                                                     \

@@ -16,18 +16,6 @@ using namespace carve;
 
 namespace {
 
-// Progress of a stage, as the thread's signals.
-class ThreadProgress : public Progress
-{
-public:
-    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
-    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
-    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
-
-private:
-    ThreadVideoRepair &m_thread;
-};
-
 // The mux stage that wraps what each built splitter writes.
 mux::StageId muxStageOf(Splitter id)
 {

@@ -6,6 +6,7 @@
 #include "carve/video/CarverArgs.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairState.h"
+#include "repair/StageProgress.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -208,4 +209,16 @@ private:
 
     QMutex m_mutex;
     QWaitCondition m_wait;
+};
+
+// A stage's progress as the thread's signals.
+class ThreadProgress : public StageProgress
+{
+public:
+    explicit ThreadProgress(ThreadVideoRepair &t) : m_thread(t) {}
+    void setRange(qint64 range) override { Q_EMIT m_thread.SetProgressBarRange(range); }
+    void setValue(qint64 value) override { Q_EMIT m_thread.setProgressvalue(value); }
+
+private:
+    ThreadVideoRepair &m_thread;
 };

@@ -7,6 +7,7 @@
 
 #include "carve/video/CarveFamily.h"
 #include "carve/video/CarverArgs.h"
+#include "repair/StageProgress.h"
 
 #include <QString>
 
@@ -15,13 +16,7 @@ class HeadList;
 
 namespace carve {
 
-class Progress
-{
-public:
-    virtual ~Progress() = default;
-    virtual void setRange(qint64) {}
-    virtual void setValue(qint64) {}
-};
+using Progress = ::StageProgress;
 
 // What every stage is given besides its files.
 struct Env
