@@ -15,13 +15,11 @@
 #include <cstdio>
 #include <sys/resource.h>
 
+#include "bench/BenchSupport.h"
+
 namespace {
-bool ffmpeg(const QStringList &args)
-{
-    QProcess p;
-    p.start("ffmpeg", QStringList{"-nostdin", "-y", "-hide_banner", "-loglevel", "error"} + args);
-    return p.waitForFinished(-1) && p.exitCode() == 0;
-}
+using bench::ffmpeg;
+using bench::videoPackets;
 
 quint32 be32(const QByteArray &d, qint64 at)
 {
@@ -77,14 +75,6 @@ bool makeBig(const QString &clip, const QString &big, quint64 target)
     return QFile::rename(big + ".part", big);
 }
 
-int videoPackets(const QString &clip)
-{
-    QProcess p;
-    p.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
-                        "stream=nb_read_packets", "-of", "csv=p=0", clip});
-    p.waitForFinished(-1);
-    return p.readAllStandardOutput().trimmed().toInt();
-}
 
 // Frames in an H.264 stream with start codes: slices of type 1 or 5 that
 // begin at the first macroblock (first_mb_in_slice, ue(v), is 0: a 1 bit).

@@ -17,24 +17,14 @@
 #include <cstring>
 #include <sys/resource.h>
 
+#include "bench/BenchSupport.h"
+
 namespace {
+using bench::ffmpeg;
+using bench::videoPackets;
 constexpr qint64 kTarget = 1000000000;
 
-bool ffmpeg(const QStringList &args)
-{
-    QProcess p;
-    p.start("ffmpeg", QStringList{"-nostdin", "-y", "-hide_banner", "-loglevel", "error"} + args);
-    return p.waitForFinished(-1) && p.exitStatus() == QProcess::NormalExit && p.exitCode() == 0;
-}
 
-int videoPackets(const QString &clip)
-{
-    QProcess p;
-    p.start("ffprobe", {"-v", "error", "-select_streams", "v:0", "-count_packets", "-show_entries",
-                        "stream=nb_read_packets", "-of", "csv=p=0", clip});
-    p.waitForFinished(-1);
-    return p.readAllStandardOutput().trimmed().toInt();
-}
 
 // Where the top-level moov starts; 0 when there is none.
 qint64 moovAt(const QString &path)
