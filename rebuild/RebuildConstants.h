@@ -153,6 +153,19 @@ struct SoundTimingRow
     quint32 delta;
 };
 constexpr quint32 kAmrRate = 8000;
+
+// Sound sample entries inside a saved stsd atom: where the first entry
+// starts, the sizes of its versions 0, 1 and 2, and the PCM fourccs with the
+// bytes of one sample (0: the entry's sample size says).
+constexpr int kStsdEntryAt = 16;
+constexpr int kSoundEntryV0 = 36, kSoundEntryV1 = 52, kSoundEntryV2 = 64;
+struct PcmType
+{
+    const char *fourcc;
+    quint32 bytes;
+};
+constexpr PcmType kPcmTypes[] = {{"sowt", 0}, {"twos", 0}, {"raw ", 1}, {"in24", 3}, {"in32", 4},
+                                 {"fl32", 4}, {"fl64", 8}, {"lpcm", 0}};
 constexpr SoundTimingRow kSoundTimings[] = {
     {5, 4, SoundDelta::Fixed, 1},
     {11, 4, SoundDelta::Fixed, 1},

@@ -53,6 +53,30 @@ const SoundTimingRow &soundTiming(quint32 code)
     return kAacTiming;
 }
 
+// Bytes of one PCM frame (all channels of one sample time) from the sound
+// track's stsd atom; 0 when its first entry isn't plain PCM this can read.
+quint32 pcmFrameBytes(const QByteArray &stsd)
+{
+    const int e = kStsdEntryAt;
+    if (stsd.size() < e + kSoundEntryV0)
+        return 0;
+    auto be16 = [&](int at) { return quint32(quint8(stsd[at])) << 8 | quint8(stsd[at + 1]); };
+    auto be32 = [&](int at) { return be16(at) << 16 | be16(at + 2); };
+    const QByteArray type = stsd.mid(e + 4, 4);
+    const quint32 version = be16(e + 16), channels = be16(e + 24), bits = be16(e + 26);
+    quint32 bytes = 0;
+    if (version == 2 && stsd.size() >= e + kSoundEntryV2) {
+        const quint32 packet = be32(e + 56), frames = be32(e + 60);
+        return frames ? packet / frames : 0;
+    }
+    if (version == 1 && stsd.size() >= e + kSoundEntryV1)
+        return be32(e + 44); // bytes per frame
+    for (const PcmType &t : kPcmTypes)
+        if (type == t.fourcc)
+            bytes = t.bytes ? t.bytes : bits / 8;
+    return bytes && channels ? bytes * channels : 0;
+}
+
 // What the table passes found, and the sizes that stbl adds up.
 struct Tables
 {
@@ -292,7 +316,12 @@ void buildTrack(Env &env, const QString &logPath, const TrackRow &row)
     RepairState &s = env.state;
     Output out(*env.output);
     const bool video = row.kind == PieceKind::Video;
-    const SoundTimingRow &timing = soundTiming(s.nFormatCode);
+    SoundTimingRow timing = soundTiming(s.nFormatCode);
+    // Departure from a second of sound a line: PCM runs of any length keep
+    // their length when counted in frames of the sample entry's size.
+    if (!video && timing.kind == SoundDelta::SampleRate)
+        if (const quint32 frame = pcmFrameBytes(env.soundStsd))
+            timing = {timing.code, frame, SoundDelta::Fixed, 1};
     fillTimeScale(env, row);
 
     out.seek(s.ullScanPos);

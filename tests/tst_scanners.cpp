@@ -133,6 +133,14 @@ private Q_SLOTS:
             const QByteArray sound = decoded(result, false);
             QCOMPARE(decoded(result, true).count("\n0,"), row.frames);
             QVERIFY(row.sound >= 0 ? sound.size() >= row.sound : sound == decoded(healthy, false));
+            // The sound track declares the length it holds (48 kHz stereo decoded as 16 bits).
+            if (row.family == P && !sound.isEmpty()) {
+                QProcess probe;
+                probe.start("ffprobe", {"-v", "error", "-select_streams", "a:0", "-show_entries", "stream=duration", "-of", "csv=p=0", result});
+                probe.waitForFinished(60000);
+                const double declared = probe.readAllStandardOutput().trimmed().toDouble(), held = sound.size() / 192000.0;
+                QVERIFY2(qAbs(declared - held) <= 0.02 * held, qPrintable(QString("%1 s / %2 s").arg(declared).arg(held)));
+            }
         }
     }
 
