@@ -2,6 +2,9 @@
 // What the benchmarks share: making their recordings with ffmpeg and
 // counting what a result holds with ffprobe.
 
+#include "repair/ThreadVideoRepair.h"
+
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
@@ -22,6 +25,24 @@ inline int videoPackets(const QString &clip)
                         "stream=nb_read_packets", "-of", "csv=p=0", clip});
     p.waitForFinished(-1);
     return p.readAllStandardOutput().trimmed().toInt();
+}
+
+// Repairs file on the worker thread as the window would, with ffmpeg out of
+// reach and the log quiet; the seconds it took.
+inline double timedRepair(const QString &file, const QString &sample, const QString &dir)
+{
+    qputenv("PATH", "");
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    pApp.reset();
+    pApp.strChosenLocation = dir;
+    pApp.bSampleRun = !sample.isEmpty();
+    ThreadVideoRepair t;
+    t.SetSampleFile(sample);
+    QElapsedTimer clock;
+    clock.start();
+    t.StartRepair({file}, true);
+    t.wait();
+    return clock.nsecsElapsed() / 1e9;
 }
 
 } // namespace bench

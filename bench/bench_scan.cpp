@@ -136,18 +136,8 @@ int main(int argc, char **argv)
         log.remove();
     }
 
-    qputenv("PATH", ""); // the rebuild needs no ffmpeg; nothing else may run it
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
-    pApp.reset();
-    pApp.strChosenLocation = dir;
-    pApp.bSampleRun = !sample.isEmpty();
-    ThreadVideoRepair t;
-    t.SetSampleFile(sample);
-    QElapsedTimer clock;
-    clock.start();
-    t.StartRepair({big}, true);
-    t.wait();
-    const double secs = clock.nsecsElapsed() / 1e9, mb = QFileInfo(big).size() / 1e6;
+    // The rebuild needs no ffmpeg; nothing else may run it.
+    const double secs = bench::timedRepair(big, sample, dir), mb = QFileInfo(big).size() / 1e6;
     struct rusage ru;
     getrusage(RUSAGE_SELF, &ru);
     const QString result = dir + "/Repaired/" + QFileInfo(big).fileName();
