@@ -22,36 +22,9 @@
 #include <unistd.h>
 
 using fixtures::digest;
+using fixtures::probe;
 
 namespace {
-struct Probe
-{
-    int video = -1;
-    int audio = -1;
-    double audioSeconds = 0;
-    double videoSeconds = 0;
-};
-
-Probe probe(const QString &path)
-{
-    Probe p;
-    QProcess proc;
-    proc.start("ffprobe", {"-v", "error", "-count_packets", "-show_entries",
-                           "stream=codec_type,nb_read_packets,duration", "-of", "csv=p=0", path});
-    proc.waitForFinished(60000);
-    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
-        const QStringList f = line.trimmed().split(',');
-        if (f.value(0) == "video") {
-            p.videoSeconds = f.value(1).toDouble();
-            p.video = f.value(2).toInt();
-        } else if (f.value(0) == "audio") {
-            p.audioSeconds = f.value(1).toDouble();
-            p.audio = f.value(2).toInt();
-        }
-    }
-    return p;
-}
-
 // Frames the decoder gets out of the video, and whether it complained.
 int decodedFrames(const QString &path, QString *errors)
 {
@@ -286,7 +259,7 @@ private Q_SLOTS:
         QTemporaryDir work;
         const Cli r = repair(healthy, QString(), work.path());
         QCOMPARE(r.status, QString("Completed"));
-        const Probe p = probe(r.output), h = probe(healthy);
+        const fixtures::Streams p = probe(r.output), h = probe(healthy);
         QCOMPARE(p.video, h.video);
         QCOMPARE(p.audio, h.audio);
         QCOMPARE(repair(noMoov, QString(), work.path()).status, QString("Awaiting Action"));
@@ -378,7 +351,7 @@ private Q_SLOTS:
         QCOMPARE(repair(damaged, QString(), work.path()).status, QString("Awaiting Action"));
         const Cli r = repair(damaged, samplePath, work.path());
         QCOMPARE(r.status, QString("Completed"));
-        const Probe p = probe(r.output);
+        const fixtures::Streams p = probe(r.output);
         const int intact = intactVideo(healthy, from, to, end);
         QString errors;
         const int decoded = decodedFrames(r.output, &errors);
@@ -481,7 +454,7 @@ private Q_SLOTS:
         QVERIFY(video.size() > 60);
         const int at = int(video.at(60).pos);
         QVERIFY(at > 0 && at < clip.size());
-        const Probe whole = probe(healthy);
+        const fixtures::Streams whole = probe(healthy);
         QRandomGenerator rng(9);
         for (quint32 len : {(1u << 24) - 1, (1u << 24) + 100}) {
             // Bytes 80..FE: no length prefix, no fill, no learned head inside.
@@ -499,7 +472,7 @@ private Q_SLOTS:
             QVERIFY(run.waitForFinished(300000));
             QVERIFY(run.readAllStandardOutput().startsWith("Completed"));
             const qint64 stream = QFileInfo(work.filePath("Repaired/" + QString(workfiles::kVideoH264).mid(1))).size();
-            const Probe r = probe(work.filePath("Repaired/big.mov"));
+            const fixtures::Streams r = probe(work.filePath("Repaired/big.mov"));
             qInfo() << "unit of" << len << "bytes: video stream" << stream << "bytes," << r.video << "packets";
             if (len < (1u << 24)) {
                 QVERIFY(stream > qint64(len));

@@ -13,31 +13,9 @@
 #include <QtTest>
 
 using namespace mux;
+using fixtures::probe;
 
 namespace {
-struct Probe
-{
-    int videoPackets = -1; // -1: no video stream
-    int audioStreams = 0;
-};
-
-Probe probe(const QString &path)
-{
-    Probe p;
-    QProcess proc;
-    proc.start("ffprobe", {"-v", "error", "-count_packets", "-show_entries", "stream=codec_type,nb_read_packets",
-                           "-of", "csv=p=0", path});
-    proc.waitForFinished(60000);
-    for (const QString &line : QString::fromUtf8(proc.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
-        const QStringList f = line.trimmed().split(',');
-        if (f.value(0) == "video")
-            p.videoPackets = f.value(1).toInt();
-        else if (f.value(0) == "audio")
-            ++p.audioStreams;
-    }
-    return p;
-}
-
 // Frames in the elementary streams of the fixtures: 2 s at 25 per second.
 constexpr int kFrames = 50;
 } // namespace
@@ -211,11 +189,11 @@ private Q_SLOTS:
         t.RunMuxStage(st->id, a);
         const QString result = out(stage == "Av1" ? "clip.mp4" : "clip.mov");
         QVERIFY2(QFileInfo(result).size() > 2048, qPrintable(result));
-        const Probe p = probe(result);
+        const fixtures::Streams p = probe(result);
         if (reencodes)
-            QVERIFY(p.videoPackets > 0);
+            QVERIFY(p.video > 0);
         else
-            QCOMPARE(p.videoPackets, kFrames);
+            QCOMPARE(p.video, kFrames);
         QCOMPARE(p.audioStreams, audioStreams);
         QVERIFY(pApp.bMuxedResult);
         QVERIFY(!pApp.bInMuxStage);
@@ -244,8 +222,8 @@ private Q_SLOTS:
         ThreadVideoRepair t;
         t.strFileName = "clip.mov";
         t.MuxH264Aac(a);
-        const Probe p = probe(out("clip.mov"));
-        QCOMPARE(p.videoPackets, kFrames);
+        const fixtures::Streams p = probe(out("clip.mov"));
+        QCOMPARE(p.video, kFrames);
         QCOMPARE(p.audioStreams, 0);
         QVERIFY(!QFile::exists(out("1_clip.mov")));
         QCOMPARE(pApp.nMuxFps, 24u);
@@ -270,7 +248,7 @@ private Q_SLOTS:
         old.close();
         pApp.nSampleFrames = 60;
         t.MuxH264Aac(a);
-        QCOMPARE(probe(out("clip.mov")).videoPackets, kFrames);
+        QCOMPARE(probe(out("clip.mov")).video, kFrames);
         QVERIFY(!QFile::exists(out("1_clip.mov")));
     }
 
@@ -333,12 +311,12 @@ private Q_SLOTS:
         ThreadVideoRepair t;
         t.strFileName = "clip.mov";
         QVERIFY(t.RunMuxRow("RemuxCopyAudio", a));
-        Probe p = probe(out("clip.mov"));
-        QCOMPARE(p.videoPackets, kFrames);
+        fixtures::Streams p = probe(out("clip.mov"));
+        QCOMPARE(p.video, kFrames);
         QCOMPARE(p.audioStreams, 1);
         QVERIFY(t.RunMuxRow("RemuxVideoOnly", a, "v.mp4"));
         p = probe(out("v.mp4"));
-        QCOMPARE(p.videoPackets, kFrames);
+        QCOMPARE(p.video, kFrames);
         QVERIFY(!t.RunMuxRow("NoSuchRow", a));
     }
 };

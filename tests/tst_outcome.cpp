@@ -19,28 +19,6 @@
 using outcome::Why;
 
 namespace {
-struct Stream
-{
-    QString rate;
-    double seconds = 0;
-};
-
-// The first video and audio stream's declared rate and duration.
-QMap<QString, Stream> streams(const QString &path)
-{
-    QMap<QString, Stream> out;
-    QProcess p;
-    p.start("ffprobe", {"-v", "error", "-show_entries", "stream=codec_type,r_frame_rate,duration", "-of", "csv=p=0",
-                        path});
-    p.waitForFinished(60000);
-    for (const QString &line : QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts)) {
-        const QStringList f = line.trimmed().split(',');
-        if (!out.contains(f.value(0)))
-            out[f.value(0)] = {f.value(1), f.value(2).toDouble()};
-    }
-    return out;
-}
-
 // Each decoded picture's presentation time and checksum.
 QStringList pictures(const QString &path)
 {
@@ -98,9 +76,9 @@ private Q_SLOTS:
         QVERIFY(p.waitForFinished(300000));
         const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
         QCOMPARE(line.value(0), QString("Completed"));
-        const QMap<QString, Stream> s = streams(line.value(2));
-        QCOMPARE(s["video"].rate, rate);
-        const double picture = s["video"].seconds, sound = s["audio"].seconds;
+        const fixtures::Streams s = fixtures::probe(line.value(2));
+        QCOMPARE(s.videoRate, rate);
+        const double picture = s.videoSeconds, sound = s.audioSeconds;
         QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
         // Every picture at its own time, B-frames included: as in the healthy file.
         QCOMPARE(pictures(line.value(2)), pictures(healthy));

@@ -11,6 +11,9 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QSaveFile>
 #include <QSet>
@@ -735,6 +738,28 @@ int inChildWithFileLimit(quint64 maxFileBytes, const std::function<int()> &body)
     if (waitpid(pid, &status, 0) != pid || !WIFEXITED(status) || WEXITSTATUS(status) == 125)
         return -1;
     return WEXITSTATUS(status);
+}
+
+Streams probe(const QString &path)
+{
+    Streams p;
+    QProcess proc;
+    proc.start("ffprobe", {"-v", "error", "-count_packets", "-show_entries",
+                           "stream=codec_type,nb_read_packets,duration,r_frame_rate", "-of", "json", path});
+    proc.waitForFinished(60000);
+    for (const QJsonValue &v : QJsonDocument::fromJson(proc.readAllStandardOutput()).object().value("streams").toArray()) {
+        const QJsonObject o = v.toObject();
+        const QString type = o.value("codec_type").toString();
+        const int packets = o.value("nb_read_packets").toString().toInt();
+        const double seconds = o.value("duration").toString().toDouble();
+        if (type == "video" && p.video < 0) {
+            p.video = packets, p.videoSeconds = seconds, p.videoRate = o.value("r_frame_rate").toString();
+        } else if (type == "audio") {
+            if (p.audioStreams++ == 0)
+                p.audio = packets, p.audioSeconds = seconds;
+        }
+    }
+    return p;
 }
 
 } // namespace fixtures

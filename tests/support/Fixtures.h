@@ -92,6 +92,15 @@ QList<Atom> topLevelAtoms(const QString &path);
 // be set here or the child didn't exit normally.
 int inChildWithFileLimit(quint64 maxFileBytes, const std::function<int()> &body);
 
+// What ffprobe finds in a file: packets of the first video and audio stream
+// (-1: no such stream), their durations, the video's rate, the audio streams.
+struct Streams {
+    int video = -1, audio = -1, audioStreams = 0;
+    double videoSeconds = 0, audioSeconds = 0;
+    QString videoRate;
+};
+Streams probe(const QString &path);
+
 // SHA-1 of a file's bytes (empty when it can't be read): "unchanged" checks.
 QByteArray digest(const QString &path);
 
