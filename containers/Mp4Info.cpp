@@ -283,9 +283,15 @@ Codec DetectNalCodec(BufferedReader &f)
             start = a.body;
     });
     const quint64 end = qMin(f.size(), start + kNalProbeBytes);
+    // The look behind a unit jumps ahead and back for every candidate: it goes
+    // through a small reader of its own, so the walk's window stays put (one
+    // reader for both reloaded a window per candidate, gigabytes on ProRes data).
+    BufferedReader ahead(kNalGap + kNalLook);
+    if (!ahead.open(f.path()))
+        return Codec::Unknown;
     // A unit: a length that fits, then a header of the codec.
-    auto unitAt = [&](quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
-        const quint8 *b = f.peek(p, kNalLook);
+    auto unitAt = [&](BufferedReader &in, quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
+        const quint8 *b = in.peek(p, kNalLook);
         if (!b || b[0] != 0 || b[1] > (kMaxNalUnit >> 16))
             return false;
         const quint32 len = quint32(b[0]) << 24 | quint32(b[1]) << 16 | quint32(b[2]) << 8 | b[3];
@@ -300,10 +306,11 @@ Codec DetectNalCodec(BufferedReader &f)
         int n = 0;
         for (quint64 p = start; p + kNalLook <= end; ++p) {
             quint64 q = 0, ignored = 0;
-            if (!unitAt(p, valid, &q))
+            if (!unitAt(f, p, valid, &q))
                 continue;
+            ahead.moveTo(q);
             for (quint64 r = q, last = qMin(end, q + kNalGap); r + kNalLook <= last; ++r) {
-                if (unitAt(r, valid, &ignored)) {
+                if (unitAt(ahead, r, valid, &ignored)) {
                     ++n;
                     break;
                 }

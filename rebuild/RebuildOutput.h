@@ -2,8 +2,10 @@
 // Big-endian stores into the rebuilt file, at its end or over what is there.
 
 #include "rebuild/RebuildConstants.h"
+#include "repair/BufferedReader.h"
 
 #include <QFile>
+#include <atomic>
 
 namespace rebuild {
 
@@ -31,10 +33,18 @@ public:
         patch32(at, quint32(v >> 32));
         patch32(at + 4, quint32(v));
     }
-    bool failed() const { return m_file.error() != QFileDevice::NoError; }
+    bool failed() const { return m_file.error() != QFileDevice::NoError || m_copyError != 0; }
+    QString errorString() const;
+
+    // Appends n bytes of src from `from`: the kernel copies file to file where
+    // it can, else they go through `buffer` (kCopyBuffer bytes) a piece at a
+    // time. A stop ends the copy between pieces.
+    void copyFrom(BufferedReader &src, quint64 from, quint64 n, quint8 *buffer, const std::atomic<bool> &stop);
 
 private:
     QFile &m_file;
+    int m_copyError = 0;
+    bool m_kernelCopy = true;
 };
 
 // Sets a 32-bit field of a template copy.

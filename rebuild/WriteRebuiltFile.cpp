@@ -65,12 +65,7 @@ void copyPieces(Env &env, const QString &logPath, Output &out)
             continue;
         if (!buffer)
             buffer.reset(new quint8[kCopyBuffer]);
-        for (quint64 done = 0; done < piece.size && !s.bStopRepair;) {
-            const size_t n = size_t(qMin<quint64>(kCopyBuffer, piece.size - done));
-            env.source.readAt(piece.offset + done, buffer.get(), n);
-            out.write(buffer.get(), n);
-            done += n;
-        }
+        out.copyFrom(env.source, piece.offset, piece.size, buffer.get(), s.bStopRepair);
         if (!s.bStopRepair && env.progress)
             env.progress->setValue(qint64(quint32(s.ullMdatSize)));
     }
@@ -114,6 +109,11 @@ void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPat
     out.put(kMdatHead);
     // After a stop the file is still closed off, on what was copied so far.
     copyPieces(env, logPath, out);
+    if (out.failed()) {
+        qWarning().noquote() << "Rebuild: copying into" << outputPath << "failed:" << out.errorString();
+        s.carve.fail(outcome::Why::WriteFailed, out.errorString());
+        s.bCarveFailed = true;
+    }
     out.patch64(s.nLeadAtomSize + kMdatSizeAt, s.ullMdatSize + kMdatHead.size());
 
     s.ullScanPos = s.nLeadAtomSize + kMdatHead.size() + s.ullMdatSize;

@@ -72,9 +72,12 @@ bool ThreadVideoRepair::SampleDiffers(const QString &entry, const QString &sampl
     BufferedReader recording(size_t(1) << 20);
     if (!recording.open(entry))
         return false;
-    const mp4info::Info rec = mp4info::Read(recording);
-    const mp4info::Codec codec = rec.video.present ? mp4info::Codec::Unknown : mp4info::DetectNalCodec(recording);
-    const QString differs = mp4info::Differences(rec, codec, mp4info::ReadFile(sample));
+    const mp4info::Info rec = mp4info::Read(recording), smp = mp4info::ReadFile(sample);
+    // Units are only probed for when the sample's codec has them to compare.
+    const mp4info::Codec sampleCodec = mp4info::CodecOf(smp.video.codec);
+    const bool probe = !rec.video.present && (sampleCodec == mp4info::Codec::H264 || sampleCodec == mp4info::Codec::Hevc);
+    const mp4info::Codec codec = probe ? mp4info::DetectNalCodec(recording) : mp4info::Codec::Unknown;
+    const QString differs = mp4info::Differences(rec, codec, smp);
     if (differs.isEmpty())
         return false;
     qDebug().noquote() << "Sample and recording differ:" << differs;

@@ -109,6 +109,11 @@ Judged Judge(const QString &status, const QString &resultPath, const FileReport 
         j.reason = QStringLiteral("stopped before it ended");
     } else {
         Why why = report.why;
+        if (why == Why::WriteFailed) {
+            // No sample can help a disk that refused the result.
+            j.status = QStringLiteral("Failed");
+            j.mediaUsed = -1;
+        }
         if (why == Why::None)
             why = (status == QLatin1String("Awaiting Action") && !sampleGiven) ? Why::NoSample : Why::NothingFound;
         j.reason = ReasonText(why, report.detail);

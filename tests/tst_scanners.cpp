@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <functional>
+#include <unistd.h>
 
 using streamscan::Family;
 
@@ -142,6 +143,29 @@ private Q_SLOTS:
                 QVERIFY2(qAbs(declared - held) <= 0.02 * held, qPrintable(QString("%1 s / %2 s").arg(declared).arg(held)));
             }
         }
+    }
+
+    void fullDiskEndsFailedWithNothingLeft()
+    {
+        // The rebuilt file may not grow past 64 KB: the copy fails, the file is
+        // "Failed" (no sample would help), and no partial result stays.
+        VM_FIXTURE(healthy, fixtures::healthy("scan_prores.mov"));
+        QTemporaryDir work;
+        const QString out = work.filePath("stdout.txt"), err = work.filePath("stderr.txt");
+        const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
+            if (!std::freopen(qPrintable(out), "w", stdout) || !std::freopen(qPrintable(err), "w", stderr))
+                return 4;
+            const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), f = healthy.toUtf8();
+            execl(cli.constData(), cli.constData(), "repair", "--work", w.constData(), "--", f.constData(), static_cast<char *>(nullptr));
+            return 5;
+        });
+        if (status < 0)
+            QSKIP("no file size limit here");
+        QFile o(out), e(err);
+        QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
+        QVERIFY(o.readAll().startsWith("Failed"));
+        QVERIFY(e.readAll().contains("the result could not be written: File too large"));
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
     }
 
     void badInputEndsInTheFile()
