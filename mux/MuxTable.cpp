@@ -120,11 +120,8 @@ const Row &RowOf(RowId id) { return kRows[int(id)]; }
 
 bool GivesRawVideoARate(const Row &row)
 {
-    const QStringList tokens = QString::fromLatin1(row.arguments).split(' ', Qt::SkipEmptyParts);
-    for (int i = 0; i < tokens.size(); ++i)
-        if (rateBeforeRawVideo(tokens, i))
-            return true;
-    return false;
+    // With the sample's rate known, every raw video input gets it (see BuildArguments).
+    return QString::fromLatin1(row.arguments).contains(QLatin1String("-i {video}"));
 }
 
 const Row *RowByName(const QString &name)
@@ -155,6 +152,10 @@ QStringList BuildArguments(const Row &row, const Values &values)
         const bool rateOfRawVideo = i > 0 && rateBeforeRawVideo(tokens, i - 1);
         if (rateOfRawVideo && !values.exactRate.isEmpty())
             filled = values.exactRate;
+        // Departure: a raw stream given without a rate would play at ffmpeg's 25 fps.
+        if (token == "-i" && tokens.value(i + 1) == "{video}" && !values.exactRate.isEmpty() &&
+            !(i >= 2 && (tokens.at(i - 2) == "-r" || tokens.at(i - 2) == "-framerate")))
+            args << QStringLiteral("-r") << values.exactRate;
         // A file name that ffmpeg would read as an option or a protocol is
         // made a plain path; ordinary names stay as they are.
         args << (isFileToken(token) ? FileArgument(filled) : filled);

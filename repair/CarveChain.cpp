@@ -19,7 +19,17 @@ namespace {
 // The mux stage that wraps what each built splitter writes.
 mux::StageId muxStageOf(Splitter id)
 {
-    return id == Splitter::H264Mp3 ? mux::StageId::H264Mp3 : mux::StageId::H264Aac;
+    static const struct { Splitter splitter; mux::StageId stage; } kStages[] = {
+        {Splitter::H264Aac, mux::StageId::H264Aac},   {Splitter::H264Mp3, mux::StageId::H264Mp3},
+        {Splitter::H264Lpcm, mux::StageId::H264Lpcm}, {Splitter::H264Twos, mux::StageId::H264Twos},
+        {Splitter::H264Sowt, mux::StageId::H264Sowt}, {Splitter::AlawWav, mux::StageId::H264Alaw},
+        {Splitter::UlawWav, mux::StageId::H264Ulaw},  {Splitter::ImaWav, mux::StageId::H264Ima},
+        {Splitter::OpusWav, mux::StageId::H264Opus},  {Splitter::Ac3, mux::StageId::H264Ac3},
+    };
+    for (const auto &k : kStages)
+        if (k.splitter == id)
+            return k.stage;
+    return mux::StageId::H264Aac;
 }
 
 } // namespace
@@ -127,6 +137,14 @@ void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
 
 void ThreadVideoRepair::SplitH264Aac(CarverArgs &args) { RunSplitter(Splitter::H264Aac, args); }
 void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { RunSplitter(Splitter::H264Mp3, args); }
+void ThreadVideoRepair::SplitH264Lpcm(CarverArgs &args) { RunSplitter(Splitter::H264Lpcm, args); }
+void ThreadVideoRepair::SplitH264Twos(CarverArgs &args) { RunSplitter(Splitter::H264Twos, args); }
+void ThreadVideoRepair::SplitH264Sowt(CarverArgs &args) { RunSplitter(Splitter::H264Sowt, args); }
+void ThreadVideoRepair::SplitAc3(CarverArgs &args) { RunSplitter(Splitter::Ac3, args); }
+void ThreadVideoRepair::BuildAlawWav(CarverArgs &args) { RunSplitter(Splitter::AlawWav, args); }
+void ThreadVideoRepair::BuildUlawWav(CarverArgs &args) { RunSplitter(Splitter::UlawWav, args); }
+void ThreadVideoRepair::BuildImaWav(CarverArgs &args) { RunSplitter(Splitter::ImaWav, args); }
+void ThreadVideoRepair::BuildOpusWav(CarverArgs &args) { RunSplitter(Splitter::OpusWav, args); }
 
 #undef VM_STAGE_ENV
 

@@ -105,6 +105,14 @@ public:
     void RunSplitter(carve::Splitter id, CarverArgs &args);
     void SplitH264Aac(CarverArgs &args);
     void SplitH264Mp3(CarverArgs &args);
+    void SplitH264Lpcm(CarverArgs &args);
+    void SplitH264Twos(CarverArgs &args);
+    void SplitH264Sowt(CarverArgs &args);
+    void SplitAc3(CarverArgs &args);
+    void BuildAlawWav(CarverArgs &args);
+    void BuildUlawWav(CarverArgs &args);
+    void BuildImaWav(CarverArgs &args);
+    void BuildOpusWav(CarverArgs &args);
     void RunFinaliser(carve::Finaliser id, CarverArgs &args);
 
     // --- Paths of other containers ---

@@ -720,17 +720,18 @@ private Q_SLOTS:
             write(path, ftyp() + mdat + moov({trak}));
             return path;
         };
+        RepairState s;
         auto harvest = [&](const QString &sample) {
-            pApp.reset();
-            pApp.strWorkBase = d.path();
-            pApp.bSampleRun = true;
-            pApp.nFormatCode = 12; // a chain whose splitter isn't built: stops after the lists
-            ThreadVideoRepair t;
+            s.reset();
+            s.strWorkBase = d.path();
+            s.bSampleRun = true;
+            carve::Env env{s, nullptr, QFileInfo(sample).fileName()};
             CarverArgs a;
             a.strSample = sample;
             a.strSource = sample;
-            t.CarveH264WithLpcm(a);
-            QFile f(workfiles::Path(workfiles::kVideoHeads));
+            carve::HarvestH264Sample(carve::H264CarverRow(12), a, env);
+            a.fpVideo.reset();
+            QFile f(workfiles::PathIn(d.path(), workfiles::kVideoHeads));
             f.open(QIODevice::ReadOnly);
             return f.readAll();
         };
@@ -743,7 +744,7 @@ private Q_SLOTS:
         // A zero length ends the walk of the chunk.
         QVERIFY(!harvest(sampleWith("co64", true)).contains(QByteArray("\x41\x9a\x02", 3)));
         // The head of the video stream: start code, SPS, start code, PPS.
-        QFile v(workfiles::Path(workfiles::kVideoH264));
+        QFile v(workfiles::PathIn(d.path(), workfiles::kVideoH264));
         QVERIFY(v.open(QIODevice::ReadOnly));
         QCOMPARE(v.readAll(), QByteArray("\0\0\0\1\x67\x64\x00\x1f\0\0\0\1\x68\xee", 14));
     }

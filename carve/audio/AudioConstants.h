@@ -13,4 +13,41 @@ constexpr quint32 kTypicalFrame = 400;    // an AAC frame's size when the sample
 constexpr quint32 kMinFrame = 8;          // no AAC frame of sound is shorter
 constexpr int kRecord = 3;                // one head record
 constexpr quint8 kEmptyAudioFill = 0xFF;  // seven of these stand for "no audio found"
+// AC-3 (ATSC A/52): the syncword, and the frame sizes in bytes by sample
+// rate code (48, 44.1, 32 kHz) and frame size code (Table 5.18, in bytes).
+constexpr quint8 kAc3Sync[2] = {0x0B, 0x77};
+constexpr int kAc3Rates = 3;
+constexpr int kAc3SizeCodes = 38;
+constexpr qint32 kAc3FrameBytes[kAc3Rates][kAc3SizeCodes] = {
+    {128, 128, 160, 160, 192, 192, 224, 224, 256, 256, 320, 320, 384, 384, 448, 448, 512, 512, 640,
+     640, 768, 768, 896, 896, 1024, 1024, 1280, 1280, 1536, 1536, 1792, 1792, 2048, 2048, 2304, 2304, 2560, 2560},
+    {138, 140, 174, 176, 208, 210, 242, 244, 278, 280, 348, 350, 416, 418, 486, 488, 556, 558, 696,
+     698, 834, 836, 974, 976, 1114, 1116, 1392, 1394, 1670, 1672, 1950, 1952, 2228, 2230, 2506, 2508, 2786, 2788},
+    {192, 192, 240, 240, 288, 288, 336, 336, 384, 384, 480, 480, 576, 576, 672, 672, 768, 768, 960,
+     960, 1152, 1152, 1344, 1344, 1536, 1536, 1920, 1920, 2304, 2304, 2688, 2688, 3072, 3072, 3456, 3456, 3840, 3840},
+};
+
+// Raw sound between video chains.
+constexpr quint64 kSowtMaxRun = 100000;           // a longer run of sowt sound is written only at ...
+constexpr quint64 kSowtLongRuns[] = {0x2eec0, 0x2d060}; // ... these sizes
+constexpr quint64 kTwosJump = 90000;              // bytes a twos run is jumped over before the look for video
+constexpr quint64 kTwosRun = 0x17760;             // 96096: a run of twos sound ...
+constexpr quint64 kTwosRunShort = 0x16800;        // 92160: ... or this
+constexpr quint64 kTwosRunBlock = 96000;          // also kept whole in front of a maker's block
+constexpr quint64 kTwosBlockTrim = 48;            // what a run in front of a maker's block loses otherwise
+
+// Blocks some recorders put between units: a head, a label 8 bytes on, and a
+// size that is the sum of the 16-bit numbers at +0, +4 and +6.
+struct MakerBlock
+{
+    quint8 head[4];
+    quint8 label[4];
+};
+constexpr MakerBlock kTwosBlocks[] = {
+    {{0x00, 0x1C, 0x01, 0x00}, {0xF0, 0x01, 0x00, 0x10}}, {{0x00, 0x1C, 0x01, 0x00}, {0x06, 0x0E, 0x2B, 0x34}},
+    {{0x00, 0x08, 0x01, 0x00}, {0xF0, 0x01, 0x00, 0x10}}, {{0x00, 0x08, 0x01, 0x00}, {0x06, 0x0E, 0x2B, 0x34}},
+    {{0x00, 0x60, 0x01, 0x00}, {0xF0, 0x01, 0x00, 0x10}}, {{0x00, 0x60, 0x01, 0x00}, {0x06, 0x0E, 0x2B, 0x34}},
+};
+constexpr MakerBlock kSowtBlocks[] = {{{0x00, 0x1C, 0x01, 0x00}, {0xF0, 0x01, 0x00, 0x10}}};
+constexpr int kMakerLabelAt = 8;
 } // namespace audio

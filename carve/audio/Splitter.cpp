@@ -6,6 +6,8 @@
 #include "carve/audio/AudioConstants.h"
 #include "carve/audio/HeadLearning.h"
 #include "carve/audio/HeadList.h"
+#include "carve/audio/MediaWalk.h"
+#include "carve/audio/PositionSplitter.h"
 #include "carve/audio/Mp3Frame.h"
 #include "carve/audio/StreamOut.h"
 #include "carve/video/CarveConstants.h"
@@ -61,26 +63,6 @@ bool isTagIn(BufferedReader &f, quint64 p, std::initializer_list<const char *> t
             return true;
     return false;
 }
-bool isSkipTag(BufferedReader &f, quint64 p)
-{
-    // Called at every byte of a scan: look at the first letter before comparing tags.
-    const quint8 *b = f.peek(p, 4);
-    quint8 tmp[4];
-    if (!b) {
-        f.readAt(p, tmp, 4);
-        b = tmp;
-    }
-    switch (b[0]) {
-    case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
-        break;
-    default:
-        return false;
-    }
-    for (const char *t : kSkipTags)
-        if (std::memcmp(b, t, 4) == 0)
-            return true;
-    return false;
-}
 
 // The first position from p on where the byte at p (at0) or at p + 4 (at4)
 // is worth a look; every position before it would be passed over by the
@@ -109,10 +91,15 @@ quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, c
 
 namespace carve {
 
-bool SplitterBuilt(Splitter id) { return id == Splitter::H264Aac || id == Splitter::H264Mp3; }
+bool SplitterBuilt(Splitter id)
+{
+    return id == Splitter::H264Aac || id == Splitter::H264Mp3 || PositionSplitterBuilt(id);
+}
 
 Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
 {
+    if (PositionSplitterBuilt(id))
+        return SplitByPosition(id, args, env);
     if (!SplitterBuilt(id)) {
         Split out;
         out.outcome = Split::NotBuilt;
@@ -146,27 +133,12 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     s.bMediaFound = s.bAudioFirst = false;
 
     StreamOut video(args.fpVideo.get(), !env.plainWalk);
-    auto bytesAt = [&](quint64 p, quint8 *tmp, size_t n) -> const quint8 * {
-        const quint8 *b = f.peek(p, n);
-        if (b)
-            return b;
-        f.readAt(p, tmp, n);
-        return tmp;
-    };
+    auto bytesAt = [&](quint64 p, quint8 *tmp, size_t n) { return BytesAt(f, p, tmp, n); };
     auto test = [&](const NalSet &set, quint64 p) {
         quint8 tmp[6];
         return set.test(bytesAt(p, tmp, 6));
     };
-    auto padding = [&](quint64 p, int n) {
-        quint8 tmp[carve::kPaddingOuter];
-        const quint8 *b = bytesAt(p, tmp, size_t(n));
-        if (b[0] != 0 && b[0] != 0xFF)
-            return false;
-        for (int i = 1; i < n; ++i)
-            if (b[i] != b[0])
-                return false;
-        return true;
-    };
+    auto padding = [&](quint64 p, int n) { return IsPadding(f, p, n); };
     auto writeUnit = [&](quint64 p, quint64 len) {
         if (p >= size)
             return;
@@ -209,35 +181,10 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     // An atom met in the walk counts only when its size keeps it inside the
     // atom around it (the media data) or the file; else its tag is a chance
     // pattern in the media and the walk goes on over its bytes.
-    quint64 mdatStart = 0, mdatEnd = size;
-    auto fits = [&](quint64 at, quint64 sz) {
-        const quint64 limit = at >= mdatStart && at < mdatEnd ? mdatEnd : size;
-        return sz >= carve::kAtomHeader && at <= limit && sz <= limit - at;
-    };
-    // The top-level atoms before the media data; the scan starts behind them.
-    auto topWalk = [&](bool videoOnlyBranch) {
-        quint64 p = 0;
-        while (p < size && !s.bStopRepair) {
-            if (isSkipTag(f, p + 4)) {
-                const quint32 sz = f.be32(p);
-                if (!fits(p, sz))
-                    break;
-                p += sz;
-            } else if (f.tagAt(p + 4, "mdat")) {
-                const quint32 sz = f.be32(p);
-                const quint64 whole = sz == 1 ? f.be64(p + 8) : sz;
-                mdatStart = p;
-                mdatEnd = whole >= carve::kAtomHeader && whole <= size - p ? p + whole : size;
-                if (videoOnlyBranch)
-                    p += sz == 1 ? 16 : 8;
-                else
-                    p += sz < 2 ? sz + 15 : 8;
-            } else {
-                break;
-            }
-        }
-        return p;
-    };
+    MediaSpan span;
+    span.end = span.fileSize = size;
+    auto fits = [&](quint64 at, quint64 sz) { return span.fits(at, sz); };
+    auto topWalk = [&](bool videoOnlyBranch) { return TopLevelWalk(f, span, videoOnlyBranch, s.bStopRepair); };
 
     if (!withSound) {
         // The branch for a sample without sound: units alone, confirmed by the next.
@@ -578,7 +525,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         }
         case State::Choice: {
             // After a lost position: step over a top-level atom met here.
-            if (isSkipTag(f, pos + 4) && fits(pos, f.be32(pos)))
+            if (IsSkipTag(f, pos + 4) && fits(pos, f.be32(pos)))
                 pos += f.be32(pos);
             else if (f.tagAt(pos + 4, "mdat"))
                 pos += f.be32(pos) == 1 ? 12 : 8;
@@ -790,7 +737,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                         }
                     }
                 }
-                if (isSkipTag(f, p + 4) && fits(p, f.be32(p))) {
+                if (IsSkipTag(f, p + 4) && fits(p, f.be32(p))) {
                     p += f.be32(p);
                     continue;
                 }

@@ -564,7 +564,7 @@ struct ChunkTables
 };
 } // namespace
 
-QString cameraLayout(const QString &src, double seconds)
+QString cameraLayout(const QString &src, double seconds, int soundPerSecond)
 {
     const QString dest = derivedPath(src, seconds == 1.0 ? QStringLiteral("camera")
                                                          : QStringLiteral("camera%1ms").arg(int(seconds * 1000)));
@@ -583,7 +583,7 @@ QString cameraLayout(const QString &src, double seconds)
     ChunkTables t;
     t.offsets.resize(tracks.size());
     for (int i = 0; i < tracks.size(); ++i) {
-        t.per << qMax(1, int((i == 0 ? 30 : 47) * seconds + 0.5));
+        t.per << qMax(1, int((i == 0 ? 30 : soundPerSecond) * seconds + 0.5));
         t.samples << tracks[i].size();
     }
     const QByteArray head = data.mid(int(ftyp->offset), int(ftyp->size));

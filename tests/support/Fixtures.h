@@ -64,7 +64,8 @@ QVector<QVector<Packet>> packets(const QString &path);
 // The recording laid out as cameras write theirs: about `seconds` of video,
 // then as much sound, in chunks of 30 and 47 samples a second, moov at the end
 // (ffmpeg writes a chunk per frame or two).
-QString cameraLayout(const QString &src, double seconds = 1.0);
+// soundPerSecond: packets of the second track a second (47 for AAC at 48 kHz).
+QString cameraLayout(const QString &src, double seconds = 1.0, int soundPerSecond = 47);
 
 // A surveillance-style export: "IMKH" plus 60 bytes of vendor header, then an
 // MPEG program stream (H.264 + MP2). Named imkh_stream.mp4, as such files are

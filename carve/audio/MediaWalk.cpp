@@ -1,0 +1,64 @@
+#include "carve/audio/MediaWalk.h"
+
+#include <cstring>
+
+namespace carve {
+
+bool IsSkipTag(BufferedReader &f, quint64 p)
+{
+    // Asked at every byte of a scan: look at the first letter before comparing tags.
+    quint8 tmp[4];
+    const quint8 *b = BytesAt(f, p, tmp, 4);
+    switch (b[0]) {
+    case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
+        break;
+    default:
+        return false;
+    }
+    for (const char *t : kSkipTags)
+        if (std::memcmp(b, t, 4) == 0)
+            return true;
+    return false;
+}
+
+quint64 TopLevelWalk(BufferedReader &f, MediaSpan &span, bool videoOnlyBranch, const std::atomic<bool> &stop)
+{
+    const quint64 size = span.fileSize = f.size();
+    span.begin = 0;
+    span.end = size;
+    quint64 p = 0;
+    while (p < size && !stop) {
+        if (IsSkipTag(f, p + 4)) {
+            const quint32 sz = f.be32(p);
+            if (!span.fits(p, sz))
+                break;
+            p += sz;
+        } else if (f.tagAt(p + 4, "mdat")) {
+            const quint32 sz = f.be32(p);
+            const quint64 whole = sz == 1 ? f.be64(p + 8) : sz;
+            span.begin = p;
+            span.end = whole >= kAtomHeader && whole <= size - p ? p + whole : size;
+            if (videoOnlyBranch)
+                p += sz == 1 ? 16 : 8;
+            else
+                p += sz < 2 ? sz + 15 : 8;
+        } else {
+            break;
+        }
+    }
+    return p;
+}
+
+bool IsPadding(BufferedReader &f, quint64 p, int n)
+{
+    quint8 tmp[kPaddingOuter];
+    const quint8 *b = BytesAt(f, p, tmp, size_t(n));
+    if (b[0] != 0 && b[0] != 0xFF)
+        return false;
+    for (int i = 1; i < n; ++i)
+        if (b[i] != b[0])
+            return false;
+    return true;
+}
+
+} // namespace carve

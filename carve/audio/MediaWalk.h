@@ -1,0 +1,46 @@
+#pragma once
+// What every splitter does before and around its own tests: the top-level
+// atoms stepped over before the media data, blank blocks, and the check that
+// an atom met in the media data really encloses what its size says.
+
+#include "carve/video/CarveConstants.h"
+#include "repair/BufferedReader.h"
+
+#include <atomic>
+
+namespace carve {
+
+// The media data found by the top-level walk: atoms met inside it must stay
+// inside it; elsewhere inside the file.
+struct MediaSpan
+{
+    quint64 begin = 0, end = 0;
+    bool fits(quint64 at, quint64 size) const
+    {
+        const quint64 limit = at >= begin && at < end ? end : fileSize;
+        return size >= kAtomHeader && at <= limit && size <= limit - at;
+    }
+    quint64 fileSize = 0;
+};
+
+// True where the four bytes at p + 4 are one of the top-level tags stepped over.
+bool IsSkipTag(BufferedReader &f, quint64 p);
+
+// The top-level atoms before the media data; returns where the scan starts.
+// "mdat" of size 1 moves on by 16 in the branch for video alone, by size + 15
+// (so 15 or 16) elsewhere.
+quint64 TopLevelWalk(BufferedReader &f, MediaSpan &span, bool videoOnlyBranch, const std::atomic<bool> &stop);
+
+// The n bytes at p all 0 or all 0xFF (n at most kPaddingOuter).
+bool IsPadding(BufferedReader &f, quint64 p, int n);
+
+// The bytes at p, through the window where it holds them, else copied into tmp.
+inline const quint8 *BytesAt(BufferedReader &f, quint64 p, quint8 *tmp, size_t n)
+{
+    if (const quint8 *b = f.peek(p, n))
+        return b;
+    f.readAt(p, tmp, n);
+    return tmp;
+}
+
+} // namespace carve
