@@ -25,6 +25,7 @@ mux::StageId muxStageOf(Splitter id)
         {Splitter::H264Sowt, mux::StageId::H264Sowt}, {Splitter::AlawWav, mux::StageId::H264Alaw},
         {Splitter::UlawWav, mux::StageId::H264Ulaw},  {Splitter::ImaWav, mux::StageId::H264Ima},
         {Splitter::OpusWav, mux::StageId::H264Opus},  {Splitter::Ac3, mux::StageId::H264Ac3},
+        {Splitter::HevcAlawWav, mux::StageId::HevcAlaw}, {Splitter::HevcUlawWav, mux::StageId::HevcUlaw},
     };
     for (const auto &k : kStages)
         if (k.splitter == id)
@@ -145,6 +146,8 @@ void ThreadVideoRepair::BuildAlawWav(CarverArgs &args) { RunSplitter(Splitter::A
 void ThreadVideoRepair::BuildUlawWav(CarverArgs &args) { RunSplitter(Splitter::UlawWav, args); }
 void ThreadVideoRepair::BuildImaWav(CarverArgs &args) { RunSplitter(Splitter::ImaWav, args); }
 void ThreadVideoRepair::BuildOpusWav(CarverArgs &args) { RunSplitter(Splitter::OpusWav, args); }
+void ThreadVideoRepair::BuildHevcAlawWav(CarverArgs &args) { RunSplitter(Splitter::HevcAlawWav, args); }
+void ThreadVideoRepair::BuildHevcUlawWav(CarverArgs &args) { RunSplitter(Splitter::HevcUlawWav, args); }
 
 #undef VM_STAGE_ENV
 

@@ -113,6 +113,8 @@ public:
     void BuildUlawWav(CarverArgs &args);
     void BuildImaWav(CarverArgs &args);
     void BuildOpusWav(CarverArgs &args);
+    void BuildHevcAlawWav(CarverArgs &args);
+    void BuildHevcUlawWav(CarverArgs &args);
     void RunFinaliser(carve::Finaliser id, CarverArgs &args);
 
     // --- Paths of other containers ---

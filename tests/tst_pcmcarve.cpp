@@ -6,8 +6,11 @@
 #include "carve/audio/PositionSplitter.h"
 #include "carve/audio/WavBuild.h"
 #include "carve/video/CarveStages.h"
+#include "carve/video/WorkFiles.h"
 #include "repair/RepairState.h"
+#include "repair/StageProgress.h"
 #include "support/Fixtures.h"
+#include "support/MovBuilder.h"
 
 #include <QProcess>
 #include <QRandomGenerator>
@@ -21,23 +24,42 @@ struct Kind
     const char *name, *ext;
     QStringList audio;  // the encoder's arguments
     bool p61;           // P slices rewritten to NAL header 61 (the sowt and Opus sets know no 41)
-    const char *rawFmt; // ffmpeg's name of the carved sound's form, for the comparison
     const char *carved; // the work file with the carved sound
     int prefix;         // bytes in front of the sound in that file
-    int perSecond;      // sound packets a second, for the camera layout
+    QStringList x264;   // besides no B-frames, one IDR a second
 };
 
+const QStringList kNoB{"-bf", "0"};
 const Kind kKinds[] = {
-    {"pcm_sowt", "mov", {"-c:a", "pcm_s16le", "-ac", "2"}, true, "s16le", "audio.wav", 0, 47},
-    {"pcm_twos", "mov", {"-af", "asetnsamples=n=24024", "-c:a", "pcm_s16be", "-ac", "2"}, false, "s16be", "audio.pcm", 0, 47},
-    {"pcm_lpcm", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "s24le", "Audio.pcm", 0, 94},
-    {"pcm_alaw", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "alaw", "audio.wav", 14, 8},
-    {"pcm_ulaw", "mov", {"-c:a", "pcm_mulaw", "-ar", "8000", "-ac", "1"}, false, "mulaw", "audio.wav", 14, 8},
-    {"pcm_ima", "mov", {"-c:a", "adpcm_ima_wav", "-ac", "2"}, false, nullptr, "audio.wav", 0, 47},
-    {"pcm_opus", "mp4", {"-c:a", "libopus", "-ac", "2"}, true, nullptr, "audio.wav", 14, 50},
-    {"pcm_ac3", "mp4", {"-c:a", "ac3", "-ac", "2"}, false, "ac3", "audio.ac3", 0, 31},
-    {"pcm_ac3_44k", "mp4", {"-c:a", "ac3", "-ar", "44100", "-ac", "2"}, false, "ac3", "audio.ac3", 0, 29},
+    {"pcm_sowt", "mov", {"-c:a", "pcm_s16le", "-ac", "2"}, true, "audio.wav", 0, kNoB},
+    {"pcm_twos", "mov", {"-af", "asetnsamples=n=24024", "-c:a", "pcm_s16be", "-ac", "2"}, false, "audio.pcm", 0, kNoB},
+    {"pcm_lpcm", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 0, kNoB},
+    {"pcm_lpcm_aud", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 0,
+     {"-bf", "0", "-x264-params", "aud=1"}},
+    {"pcm_alaw", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kNoB},
+    {"pcm_ulaw", "mov", {"-c:a", "pcm_mulaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kNoB},
+    {"pcm_ima", "mov", {"-c:a", "adpcm_ima_wav", "-ac", "2"}, false, "audio.wav", 0, kNoB},
+    {"pcm_opus", "mp4", {"-c:a", "libopus", "-ac", "2"}, true, "audio.wav", 14, kNoB},
+    {"pcm_ac3", "mp4", {"-c:a", "ac3", "-ac", "2"}, false, "audio.ac3", 0, kNoB},
+    {"pcm_ac3_44k", "mp4", {"-c:a", "ac3", "-ar", "44100", "-ac", "2"}, false, "audio.ac3", 0, kNoB},
+    // libx264's defaults: B-frames, and P slices as 41, which the sowt and Opus sets lack.
+    {"pcm_sowt_x264", "mov", {"-c:a", "pcm_s16le", "-ac", "2"}, false, "audio.wav", 0, {}},
+    {"pcm_alaw_x264", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, {}},
+    {"pcm_ac3_x264", "mp4", {"-c:a", "ac3", "-ac", "2"}, false, "audio.ac3", 0, {}},
 };
+// The recording laid out in chunks of `seconds` (packets of its sound a second from its 4 s).
+QString cameraLayout(const QString &healthy, double seconds)
+{
+    return fixtures::cameraLayout(healthy, seconds, fixtures::packets(healthy).value(1).size() / 4);
+}
+
+const Kind &kind(const char *name)
+{
+    for (const Kind &k : kKinds)
+        if (qstrcmp(k.name, name) == 0)
+            return k;
+    return kKinds[0];
+}
 
 bool run(const QStringList &args, QByteArray *out = nullptr)
 {
@@ -59,7 +81,7 @@ QString recording(const Kind &k, bool sample)
     const QString video = sample ? "smptebars=size=320x240:rate=30:duration=3" : "testsrc2=size=320x240:rate=30:duration=4";
     const QString sound = sample ? "aevalsrc=0.05*sin(2*PI*523*t):c=stereo:s=48000:d=3"
                                  : "anoisesrc=d=4:c=pink:a=0.2:r=48000:seed=1";
-    const QStringList x264{"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-bf", "0", "-pix_fmt", "yuv420p"};
+    const QStringList x264 = QStringList{"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"} + k.x264;
     const QString tmp = path + ".part." + k.ext;
     QStringList videoIn{"-f", "lavfi", "-i", video};
     QStringList codec = x264;
@@ -73,8 +95,8 @@ QString recording(const Kind &k, bool sample)
             return QString();
         QByteArray d = f.readAll();
         for (int i = d.indexOf(QByteArray("\0\0\1", 3)); i >= 0 && i + 3 < d.size(); i = d.indexOf(QByteArray("\0\0\1", 3), i + 3))
-            if (d[i + 3] == 0x41)
-                d[i + 3] = 0x61;
+            if (d.at(i + 3) == '\x41')
+                d[i + 3] = '\x61';
         f.seek(0);
         f.write(d);
         f.close();
@@ -121,6 +143,54 @@ QByteArray readAll(const QString &path)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
+
+// A unit: its length, the header byte, then filler that holds no 00.
+QByteArray unit(quint8 header, int size)
+{
+    return mov::be32(quint32(size)) + char(header) + QByteArray(size - 1, '\x11');
+}
+
+struct Carved
+{
+    QByteArray video, sound;
+    carve::Split split;
+};
+
+// One splitter on a file of these bytes behind an ftyp and an mdat header,
+// without a sample (no parameter sets, no lists), in a folder of its own.
+Carved carveBytes(carve::Splitter id, const QByteArray &media, const QString &dir, const QByteArray &videoHeads = {},
+                  int stopAfter = -1)
+{
+    const QString file = dir + "/rec.mov";
+    mov::write(file, mov::ftyp() + mov::atom("mdat", media));
+    QDir(dir + "/Repaired").removeRecursively();
+    RepairState s;
+    s.strWorkBase = dir;
+    s.bSampleHasAudio = true;
+    s.nSoundSampleRate = 8000;
+    struct Stop : StageProgress
+    {
+        RepairState &s;
+        int left;
+        Stop(RepairState &st, int n) : s(st), left(n) {}
+        void setRange(qint64) override {}
+        void setValue(qint64) override { s.bStopRepair = s.bStopRepair || --left == 0; }
+    } stop(s, stopAfter);
+    carve::Env env{s, &stop, "rec.mov"};
+    CarverArgs a;
+    a.strSource = file;
+    workfiles::EnsureWorkFolderIn(dir);
+    if (!videoHeads.isEmpty()) {
+        a.strVideoUnique = workfiles::PathIn(dir, workfiles::kVideoUnique);
+        mov::write(a.strVideoUnique, videoHeads);
+    }
+    Carved c;
+    c.split = carve::SplitStreams(id, a, env);
+    c.video = readAll(a.strVideo);
+    // The sound as carved, before any header step.
+    c.sound = readAll(a.strAudio.endsWith("AudioWAV.wav") ? workfiles::PathIn(dir, workfiles::kAudioWav) : a.strAudio);
+    return c;
+}
 } // namespace
 
 class TestPcmCarve : public QObject
@@ -135,23 +205,278 @@ private Q_SLOTS:
 
     void repairsEachSoundFromItsSample()
     {
-        for (const Kind &k : kKinds) {
+        // Layouts: a frame or two a chunk as ffmpeg writes, and half-second and
+        // one-second chunks as cameras write. Sound: what the result holds
+        // against its pictures.
+        enum Layout { Ffmpeg, Half, Second };
+        enum Sound { Matches, None, HalfOfIt, Any };
+        const struct { const char *kind; Layout layout; int cut, frames; Sound sound; } rows[] = {
+            // Camera layouts: every frame and all the sound.
+            {"pcm_sowt", Half, 0, 120, Matches}, {"pcm_twos", Half, 0, 120, Matches}, {"pcm_lpcm", Half, 0, 120, Matches},
+            {"pcm_alaw", Half, 0, 120, Matches}, {"pcm_ulaw", Half, 0, 120, Matches}, {"pcm_ima", Half, 0, 120, Matches},
+            {"pcm_ac3", Half, 0, 120, Matches}, {"pcm_ac3_44k", Second, 0, 120, Matches},
+            {"pcm_lpcm", Second, 0, 120, Matches}, {"pcm_alaw", Second, 0, 120, Matches},
+            {"pcm_ima", Second, 0, 120, Matches}, {"pcm_lpcm_aud", Ffmpeg, 0, 120, Matches},
+            {"pcm_twos", Ffmpeg, 0, 120, Matches}, {"pcm_ac3", Ffmpeg, 0, 120, Matches}, {"pcm_ac3_44k", Ffmpeg, 0, 120, Matches},
+            // Opus: the pictures alone, always.
+            {"pcm_opus", Half, 0, 120, None},
+            // Cut at 70 %: the frames before the cut; the sound goes as far as the cut.
+            {"pcm_alaw", Half, 70, 90, Any}, {"pcm_twos", Ffmpeg, 70, 75, Any}, {"pcm_ac3", Ffmpeg, 70, 80, Any},
+            // Run-size rules: one-second runs of sowt (192 kB) are dropped; of twos,
+            // each gives its first 96096 bytes.
+            {"pcm_sowt", Second, 0, 120, None}, {"pcm_twos", Second, 0, 120, HalfOfIt},
+            // A P frame of one unit with sound right behind it is not confirmed by a
+            // unit: in ffmpeg's layout only frames of two units or more come back
+            // (LPCM with delimiters above has two a frame).
+            {"pcm_lpcm", Ffmpeg, 0, 1, Any}, {"pcm_alaw", Ffmpeg, 0, 1, Any}, {"pcm_ima", Ffmpeg, 0, 1, Any},
+            {"pcm_sowt", Ffmpeg, 0, 4, Any},
+            // libx264's defaults: B-frames, and P slices (41) that the sowt set lacks.
+            {"pcm_sowt_x264", Half, 0, 4, Any}, {"pcm_alaw_x264", Half, 0, 113, Any}, {"pcm_ac3_x264", Ffmpeg, 0, 118, Matches},
+        };
+        for (const auto &row : rows) {
+            const Kind &k = kind(row.kind);
             VM_FIXTURE(healthy, recording(k, false));
             VM_FIXTURE(sample, recording(k, true));
-            const int frames = fixtures::probe(healthy).video;
-            const QString layouts[] = {healthy, fixtures::cameraLayout(healthy, 0.5, k.perSecond),
-                                       fixtures::cameraLayout(healthy, 1.0, k.perSecond)};
-            for (const QString &laid : layouts) {
-                const QString damaged = fixtures::moovRemoved(laid);
-                const QByteArray before = fixtures::digest(damaged) + fixtures::digest(sample);
-                QTemporaryDir work;
-                const Outcome first = repair(damaged, QString(), work.path());
-                const Outcome o = repair(damaged, sample, work.path());
-                qInfo("%s %s: first %s, then %s, %d of %d frames, video %.2f s, sound %.2f s", k.name,
-                      qPrintable(QFileInfo(damaged).fileName()), qPrintable(first.status), qPrintable(o.status),
-                      o.frames, frames, o.videoSeconds, o.audioSeconds);
-                QCOMPARE(fixtures::digest(damaged) + fixtures::digest(sample), before);
+            const QString laid = row.layout == Ffmpeg ? healthy : cameraLayout(healthy, row.layout == Half ? 0.5 : 1.0);
+            const QString damaged = row.cut ? fixtures::cutAt(laid, row.cut) : fixtures::moovRemoved(laid);
+            const QByteArray before = fixtures::digest(damaged) + fixtures::digest(sample);
+            QTemporaryDir work;
+            const QString what = QStringLiteral("%1 %2").arg(row.kind, QFileInfo(damaged).fileName());
+            QVERIFY2(repair(damaged, QString(), work.path()).status == "Awaiting Action", qPrintable(what));
+            const Outcome o = repair(damaged, sample, work.path());
+            const QString got = QStringLiteral("%1: %2, %3 frames, video %4 s, sound %5 s")
+                                    .arg(what, o.status).arg(o.frames).arg(o.videoSeconds).arg(o.audioSeconds);
+            QVERIFY2(o.status == "Completed" && o.frames >= row.frames, qPrintable(got));
+            switch (row.sound) {
+            case Matches: QVERIFY2(qAbs(o.audioSeconds - o.videoSeconds) <= 0.05 * o.videoSeconds, qPrintable(got)); break;
+            case None: QVERIFY2(o.audioSeconds == 0, qPrintable(got)); break;
+            case HalfOfIt: QVERIFY2(qAbs(o.audioSeconds - o.videoSeconds / 2) <= 0.05 * o.videoSeconds, qPrintable(got)); break;
+            case Any: break;
             }
+            QCOMPARE(fixtures::digest(damaged) + fixtures::digest(sample), before);
+        }
+    }
+
+    void carvedSoundIsTheRecordingsOwn()
+    {
+        // Half-second chunks without the moov: the carved sound, behind the
+        // header bytes put in front of it, is the recording's own stream, whole.
+        for (const Kind &k : kKinds) {
+            if (!k.x264.contains("-bf"))
+                continue;
+            VM_FIXTURE(healthy, recording(k, false));
+            VM_FIXTURE(sample, recording(k, true));
+            const QString damaged = fixtures::moovRemoved(cameraLayout(healthy, 0.5));
+            QTemporaryDir work;
+            QCOMPARE(repair(damaged, sample, work.path(), true).status, QString("Completed"));
+            QByteArray own;
+            QVERIFY(run({"-i", healthy, "-map", "0:a", "-c", "copy", "-f", "data", "-"}, &own));
+            const QByteArray carved = readAll(work.filePath(QStringLiteral("Repaired/") + k.carved));
+            QVERIFY2(carved.mid(k.prefix) == own, k.name);
+        }
+    }
+
+    void oddSamplesGiveAnHonestVerdict()
+    {
+        const Kind &k = kind("pcm_alaw");
+        VM_FIXTURE(healthy, recording(k, false));
+        const QString damaged = fixtures::moovRemoved(cameraLayout(healthy, 0.5));
+        QTemporaryDir work;
+        // Random bytes teach nothing: the file keeps waiting for a sample.
+        QByteArray noise(300000, '\0');
+        QRandomGenerator rng(9);
+        for (char &c : noise)
+            c = char(rng.bounded(256));
+        mov::write(work.filePath("noise.mov"), noise);
+        QCOMPARE(repair(damaged, work.filePath("noise.mov"), work.path()).status, QString("Awaiting Action"));
+        // A sample without sound: the pictures come back alone.
+        const QString silent = work.filePath("silent.mov");
+        QVERIFY(run({"-f", "lavfi", "-i", "smptebars=size=320x240:rate=30:duration=3", "-c:v", "libx264", "-preset", "veryfast",
+                     "-crf", "28", "-g", "30", "-bf", "0", "-pix_fmt", "yuv420p", silent}));
+        const QByteArray before = fixtures::digest(damaged);
+        const Outcome o = repair(damaged, silent, work.path());
+        QVERIFY2(o.status == "Completed" && o.frames >= 118 && o.audioSeconds == 0,
+                 qPrintable(QStringLiteral("%1 %2 %3").arg(o.status).arg(o.frames).arg(o.audioSeconds)));
+        QCOMPARE(fixtures::digest(damaged), before);
+    }
+
+    void makersBlocksAndTwosRunSizes()
+    {
+        using carve::Splitter;
+        const quint8 heads[3][4] = {{0x00, 0x1C, 0x01, 0x00}, {0x00, 0x08, 0x01, 0x00}, {0x00, 0x60, 0x01, 0x00}};
+        const QByteArray labels[2] = {QByteArray("\xF0\x01\x00\x10", 4), QByteArray("\x06\x0E\x2B\x34", 4)};
+        // A block: head, 16-bit numbers summing to its size (at 0, 4, 6), label at 8.
+        auto block = [&](int h, int l) {
+            QByteArray b(reinterpret_cast<const char *>(heads[h]), 4);
+            b += mov::be16(0x0010) + mov::be16(0x0020) + labels[l];
+            return b + QByteArray(heads[h][1] + 0x10 + 0x20 - b.size(), '\x22');
+        };
+        QTemporaryDir dir;
+        // Each head and label between two units: the chain goes on behind it.
+        for (int h = 0; h < 3; ++h)
+            for (int l = 0; l < 2; ++l) {
+                const QByteArray media = unit(0x65, 300) + unit(0x41, 200) + block(h, l) + unit(0x41, 250) + unit(0x41, 260);
+                const QByteArray v = carveBytes(Splitter::H264Twos, media, dir.path()).video;
+                QCOMPARE(v.count(QByteArray("\0\0\0\1", 4)), 4);
+            }
+        // Runs of sound (bytes of 0x55, no 00) and what is kept of each: ended
+        // by a unit, 96096 and 92160 whole, anything else 96096 bytes from its
+        // start; ended by a block, 92160, 96096, 96000 whole, another size less
+        // 48 when that gives one of them, else nothing.
+        const struct { int run; bool byBlock; int kept; } rows[] = {
+            {96096, false, 96096}, {92160, false, 92160}, {95000, false, 96096}, {100000, false, 96096},
+            {96000, true, 96000}, {92160, true, 92160}, {96144, true, 96096}, {92208, true, 92160}, {95000, true, 0},
+        };
+        for (const auto &r : rows) {
+            const QByteArray chain = unit(0x65, 300) + unit(0x41, 200);
+            QByteArray media = chain + QByteArray(r.run, '\x55');
+            media += r.byBlock ? block(0, 0) : QByteArray();
+            media += chain + QByteArray(1000, '\x55');
+            const Carved c = carveBytes(Splitter::H264Twos, media, dir.path());
+            // The last run, at the end of the file, is kept as it is.
+            QCOMPARE(c.sound.size(), r.kept + 1000);
+            QVERIFY(c.sound.left(qMin(r.run, r.kept)) == QByteArray(qMin(r.run, r.kept), '\x55'));
+        }
+        // sowt: runs up to 100000 bytes, longer ones only at 192192 and 184416.
+        for (int run : {4000, 100000, 100001, 0x2eec0, 0x2d060, 192000}) {
+            const QByteArray media = unit(0x65, 300) + unit(0x61, 200) + QByteArray(run, '\x55') + unit(0x65, 300) + unit(0x61, 200);
+            const bool kept = run <= 100000 || run == 0x2eec0 || run == 0x2d060;
+            QCOMPARE(carveBytes(Splitter::H264Sowt, media, dir.path()).sound.size(), kept ? run : 0);
+        }
+    }
+
+    void ac3FramesByTheirTable()
+    {
+        using carve::Ac3FrameSize;
+        // The corners of the table (bytes; 44.1 kHz at code 37 is A/52's 1394 words).
+        QCOMPARE(Ac3FrameSize(0, 0), 128);
+        QCOMPARE(Ac3FrameSize(1, 0), 138);
+        QCOMPARE(Ac3FrameSize(2, 0), 192);
+        QCOMPARE(Ac3FrameSize(0, 37), 2560);
+        QCOMPARE(Ac3FrameSize(1, 36), 2786);
+        QCOMPARE(Ac3FrameSize(1, 37), 2788);
+        QCOMPARE(Ac3FrameSize(2, 37), 3840);
+        QCOMPARE(Ac3FrameSize(1, 1), 140);
+        QCOMPARE(Ac3FrameSize(3, 0), -1);
+        QCOMPARE(Ac3FrameSize(0, 38), -1);
+        // A frame: syncword, CRC, then fscod and frmsizecod; filler without 00 or 0B.
+        auto frame = [](int fscod, int code) {
+            QByteArray f = QByteArray("\x0B\x77\x12\x34", 4) + char(fscod << 6 | code);
+            const int size = qMax(8, carve::Ac3FrameSize(fscod, code));
+            return f + QByteArray(size - f.size(), '\x33');
+        };
+        const QByteArray v = unit(0x65, 400) + unit(0x41, 300);
+        QTemporaryDir dir;
+        const struct { QByteArray media; int frames, units; } rows[] = {
+            // 44.1 kHz frames of two sizes between chains: read per frame.
+            {v + frame(1, 0) + frame(1, 1) + frame(1, 0) + v + frame(1, 1) + frame(1, 0), 5, 4},
+            // The file opens with a frame right in front of a unit.
+            {frame(0, 4) + v + frame(0, 4) + frame(0, 4) + v, 3, 4},
+            // Reserved rate and a code past the table are no frames.
+            {v + frame(3, 0) + frame(3, 0) + v + frame(0, 38) + frame(0, 38) + v, 0, 6},
+            // A false syncword behind a chain (no frame where its size leads): looked past.
+            {unit(0x65, 100) + unit(0x41, 50) + QByteArray("\x0B\x77\x00\x00\x00", 5) + unit(0x41, 60) + unit(0x41, 60)
+                 + frame(2, 2) + frame(2, 2), 2, 4},
+        };
+        for (const auto &r : rows) {
+            const Carved c = carveBytes(carve::Splitter::Ac3, r.media, dir.path());
+            QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), r.units);
+            int frames = 0;
+            for (int at = 0; at + 5 <= c.sound.size(); ++frames)
+                at += carve::Ac3FrameSize(quint8(c.sound[at + 4]) >> 6, quint8(c.sound[at + 4]) & 0x3F);
+            QCOMPARE(frames, r.frames);
+        }
+    }
+
+    void wavHeadersAsTheMuxerTakesThem()
+    {
+        RepairState s;
+        s.nSoundSampleRate = 8000;
+        s.nSoundChannels = 2;
+        s.nSoundSampleBits = 16;
+        using carve::WavForm;
+        QCOMPARE(carve::WavHeader(WavForm::Alaw, 100, s) + carve::WavSoundPrefix(WavForm::Alaw),
+                 QByteArray("RIFF\x78\0\0\0WAVEfmt \x12\0\0\0\x06\0\x01\0\x40\x1f\0\0"
+                            "\x80\x3e\0\0\x02\0\x08\0\0\0data", 42));
+        QCOMPARE(carve::WavHeader(WavForm::Ima, 100, s),
+                 QByteArray("RIFF\x86\0\0\0WAVEfmt \x14\0\0\0\x11\0\x02\0\x40\x1f\0\0\0\x7d\0\0"
+                            "\0\x04\x04\0\x02\0\xf9\x03" "data\x86\0\0\0", 48));
+        QCOMPARE(carve::WavHeader(WavForm::Sowt, 100, s),
+                 QByteArray("RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\x01\0\x02\0\x40\x1f\0\0\0\x7d\0\0"
+                            "\x04\0\x10\0data\0\0\0\0", 44));
+        // Each form around real sound decodes whole (2 s; the byte rates in the
+        // headers mislead estimates, so samples are counted).
+        QTemporaryDir dir;
+        const struct { WavForm form; QStringList encode; quint32 rate, channels; } forms[] = {
+            {WavForm::Alaw, {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, 8000, 1},
+            {WavForm::Ima, {"-c:a", "adpcm_ima_wav", "-ar", "48000", "-ac", "2"}, 48000, 2},
+            {WavForm::Sowt, {"-c:a", "pcm_s16le", "-ar", "48000", "-ac", "2"}, 48000, 2},
+        };
+        for (const auto &f : forms) {
+            // The sound as ffmpeg's own WAV holds it, behind its "data" header.
+            QByteArray sound;
+            QVERIFY(run(QStringList{"-f", "lavfi", "-i", "sine=d=2:r=48000"} + f.encode + QStringList{"-f", "wav", "-"}, &sound));
+            sound = sound.mid(sound.indexOf("data") + 8);
+            s.nSoundSampleRate = f.rate;
+            s.nSoundChannels = f.channels;
+            const QString raw = dir.filePath("audio.wav"), wav = dir.filePath("AudioWAV.wav");
+            mov::write(raw, carve::WavSoundPrefix(f.form) + sound);
+            QVERIFY(carve::BuildWav(f.form, raw, wav, s, false, false));
+            QByteArray pcm;
+            QVERIFY(run({"-i", wav, "-f", "s16le", "-ac", "1", "-"}, &pcm));
+            // A-law sound stands behind no size field; what reads as one is sound.
+            QVERIFY2(qAbs(pcm.size() / 2.0 / f.rate - 2.0) < 0.05, qPrintable(QString::number(pcm.size())));
+        }
+        // An empty sound file: the A-law form is a header of size 20 and the mux
+        // takes the pictures alone; IMA and Opus write nothing.
+        const QString empty = dir.filePath("empty.wav"), out = dir.filePath("out.wav");
+        mov::write(empty, QByteArray());
+        s.bNoAudioForMux = false;
+        QVERIFY(carve::BuildWav(WavForm::Alaw, empty, out, s, false, false));
+        QCOMPARE(readAll(out).mid(4, 4), QByteArray("\x14\0\0\0", 4));
+        QCOMPARE(readAll(out).size(), 28 + 20);
+        QVERIFY(s.bNoAudioForMux);
+        QFile::remove(out);
+        QVERIFY(!carve::BuildWav(WavForm::Ima, empty, out, s, true, false));
+        QVERIFY(!QFile::exists(out));
+    }
+
+    void hevcUnitsWithAlawBetween()
+    {
+        // Two-byte HEVC headers (26 01: an IDR slice, 02 01: a trailing one) in
+        // half-second chains, A-law sound between: units to "/video.hevc".
+        auto hevc = [](quint8 b4, int size) { return mov::be32(quint32(size)) + char(b4) + char(1) + QByteArray(size - 2, '\x11'); };
+        const QByteArray chain = hevc(0x26, 400) + hevc(0x02, 200) + hevc(0x02, 210);
+        QTemporaryDir dir;
+        const Carved c = carveBytes(carve::Splitter::HevcAlawWav, chain + QByteArray(4000, '\xD5') + chain + QByteArray(4000, '\xD5') + chain,
+                                    dir.path());
+        QVERIFY(QFile::exists(dir.filePath("Repaired/video.hevc")));
+        QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 9);
+        QCOMPARE(c.sound, carve::WavSoundPrefix(carve::WavForm::Alaw) + QByteArray(8000, '\xD5'));
+    }
+
+    void badInputEndsInTheFile()
+    {
+        QByteArray noise(1 << 20, 0);
+        QRandomGenerator rng(5);
+        for (char &c : noise)
+            c = char(rng.bounded(256));
+        QByteArray quiet(1 << 20, 0); // zeros and small lengths everywhere
+        for (int i = 0; i < quiet.size(); i += 7)
+            quiet[i] = char(rng.bounded(3));
+        const QByteArray huge = mov::be32(0x7FFFFFFF) + QByteArray("\x65\x88", 2) + unit(0x41, 100);
+        QTemporaryDir dir;
+        using carve::Splitter;
+        for (Splitter id : {Splitter::H264Lpcm, Splitter::H264Twos, Splitter::H264Sowt, Splitter::AlawWav, Splitter::UlawWav,
+                            Splitter::ImaWav, Splitter::OpusWav, Splitter::Ac3, Splitter::HevcAlawWav}) {
+            for (const QByteArray &media : {noise, quiet, QByteArray(1 << 20, '\0'), QByteArray(), huge.repeated(100)}) {
+                const Carved c = carveBytes(id, media, dir.path(), noise.left(300));
+                // Nothing larger than the file comes out (twos may pad a run once).
+                QVERIFY(c.split.outcome == carve::Split::Muxable);
+                QVERIFY2(c.video.size() + c.sound.size() <= 2 * media.size() + 96096 + 100, carve::SplitterName(id));
+            }
+            // A stop in the middle of the scan ends it there.
+            QCOMPARE(carveBytes(id, noise, dir.path(), noise.left(300), 3).split.outcome, carve::Split::Muxable);
         }
     }
 };

@@ -42,6 +42,7 @@ struct PositionRow
     bool videoHeads;       // a unit opens a chain only with a head of "/VideoUNIQUEfile.txt"
     RunRule runs;
     quint64 jump;          // bytes passed over behind a chain before the look for video
+    const char *videoFile; // the stream the units go to
     const char *audioFile; // the sound as carved
     WavForm wav;           // the header step behind the walk
     bool strictWav;        // the header step stops at a missing or empty sound file
@@ -53,22 +54,26 @@ struct PositionRow
 
 using namespace workfiles;
 const PositionRow kRows[] = {
-    {Splitter::H264Lpcm, Chain::Lpcm, Told::Gaps, true, RunRule::Any, 0, kAudioPcmGaps, WavForm::None, false, false, 2,
+    {Splitter::H264Lpcm, Chain::Lpcm, Told::Gaps, true, RunRule::Any, 0, kVideoH264, kAudioPcmGaps, WavForm::None, false, false, 2,
      nullptr, 0},
-    {Splitter::H264Twos, Chain::TwosPcm, Told::Gaps, false, RunRule::Twos, audio::kTwosJump, kAudioPcm, WavForm::None,
+    {Splitter::H264Twos, Chain::TwosPcm, Told::Gaps, false, RunRule::Twos, audio::kTwosJump, kVideoH264, kAudioPcm, WavForm::None,
      false, false, 3, audio::kTwosBlocks, int(std::size(audio::kTwosBlocks))},
-    {Splitter::H264Sowt, Chain::SowtPcm, Told::Gaps, false, RunRule::Sowt, 0, kAudioWav, WavForm::Sowt, false, false,
+    {Splitter::H264Sowt, Chain::SowtPcm, Told::Gaps, false, RunRule::Sowt, 0, kVideoH264, kAudioWav, WavForm::Sowt, false, false,
      3, audio::kSowtBlocks, int(std::size(audio::kSowtBlocks))},
-    {Splitter::AlawWav, Chain::AlawUlaw, Told::Gaps, false, RunRule::Any, 0, kAudioWav, WavForm::Alaw, false, false, 3,
+    {Splitter::AlawWav, Chain::AlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Alaw, false, false, 3,
      nullptr, 0},
-    {Splitter::UlawWav, Chain::AlawUlaw, Told::Gaps, false, RunRule::Any, 0, kAudioWav, WavForm::Alaw, false, false, 3,
+    {Splitter::UlawWav, Chain::AlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Alaw, false, false, 3,
      nullptr, 0},
-    {Splitter::ImaWav, Chain::ImaAdpcm, Told::Gaps, false, RunRule::Any, 0, kAudioWav, WavForm::Ima, true, false, 3,
+    {Splitter::ImaWav, Chain::ImaAdpcm, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Ima, true, false, 3,
      nullptr, 0},
     // Opus sound is carved and wrapped, and its mux stage leaves it out.
-    {Splitter::OpusWav, Chain::Opus, Told::Gaps, false, RunRule::Any, 0, kAudioWav, WavForm::Alaw, true, true, 3,
+    {Splitter::OpusWav, Chain::Opus, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Alaw, true, true, 3,
      nullptr, 0},
-    {Splitter::Ac3, Chain::Ac3, Told::Ac3, false, RunRule::Any, 0, kAudioAc3, WavForm::None, false, false, 3, nullptr,
+    {Splitter::HevcAlawWav, Chain::HevcAlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoHevc, kAudioWav, WavForm::Alaw,
+     false, false, 3, nullptr, 0},
+    {Splitter::HevcUlawWav, Chain::HevcAlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoHevc, kAudioWav, WavForm::Alaw,
+     false, false, 3, nullptr, 0},
+    {Splitter::Ac3, Chain::Ac3, Told::Ac3, false, RunRule::Any, 0, kVideoH264, kAudioAc3, WavForm::None, false, false, 3, nullptr,
      0},
 };
 
@@ -116,7 +121,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     const QByteArray paramSets = readWhole(args.strIndexing, s.nIndexingPos);
     s.nIndexingSize = quint64(QFileInfo(args.strIndexing).size());
     if (args.strVideo.isEmpty())
-        args.strVideo = PathIn(s.strWorkBase, kVideoH264);
+        args.strVideo = PathIn(s.strWorkBase, row.videoFile);
     if (!args.fpVideo) {
         args.fpVideo.reset(new QFile(args.strVideo));
         args.fpVideo->open(QIODevice::ReadWrite);

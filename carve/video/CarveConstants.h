@@ -70,7 +70,9 @@ inline const NalSet &HarvestNalSet()
 // The frame test of each chain: the fifth bytes that make a unit (and confirm
 // the one before it), and the test that finds the first frame or ends a gap
 // of sound where it differs. One row per chain; they differ on purpose.
-enum class Chain { Lpcm, Aac, AacVideoOnly, AacVideoOnlyDji, Mp3, AlawUlaw, Ac3, ImaAdpcm, Opus, SowtPcm, TwosPcm, Count };
+enum class Chain {
+    Lpcm, Aac, AacVideoOnly, AacVideoOnlyDji, Mp3, AlawUlaw, Ac3, ImaAdpcm, Opus, SowtPcm, TwosPcm, HevcAlawUlaw, Count
+};
 
 struct FrameTest
 {
@@ -105,6 +107,9 @@ inline const FrameTest &FrameTestOf(Chain chain)
         {Chain::SowtPcm, {0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x41, 0x61, 0x65, 0x67, 0x68},
          {0x21, 0x25, 0x27, 0x28, 0x61, 0x65, 0x67, 0x68}},
         {Chain::TwosPcm, {0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x41, 0x65, 0x68}, {0x06, 0x21, 0x25, 0x41, 0x65}, true},
+        // HEVC: the first byte of the two-byte NAL header.
+        {Chain::HevcAlawUlaw, {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x40, 0x42, 0x44, 0x46, 0x4E},
+         {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x40, 0x42, 0x44, 0x46, 0x4E}},
     };
     static_assert(sizeof kTests / sizeof kTests[0] == size_t(Chain::Count), "one frame test per chain");
     return kTests[int(chain)];
