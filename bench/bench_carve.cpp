@@ -119,18 +119,67 @@ quint64 countAdtsFrames(const QString &path)
     }
     return frames;
 }
+// The recordings with PCM sound: the main clip's and sample's pictures, copied,
+// with new sound in half-second packets (so chunks of it lie between runs of
+// frames, as cameras write them). sowt's frame test knows P slices as 61.
+struct SoundKind
+{
+    const char *name;
+    QStringList audio;
+    bool p61;
+    const char *carved; // the work file of the sound
+    double bytesPerSecond;
+};
+const SoundKind kSounds[] = {
+    {"aac", {}, false, "audio.aac", 0},
+    {"lpcm", {"-af", "asetnsamples=n=48000", "-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 576000},
+    {"sowt", {"-af", "asetnsamples=n=24000", "-c:a", "pcm_s16le", "-ar", "48000", "-ac", "2"}, true, "audio.wav", 192000},
+};
+
+// from's pictures (P slices rewritten for p61) with seconds of new sound.
+bool withSound(const SoundKind &k, const QString &from, const QString &to, int seconds, int seed)
+{
+    if (QFile::exists(to))
+        return true;
+    QStringList video{"-i", from};
+    if (k.p61) {
+        const QString es = to + ".h264";
+        if (!ffmpeg({"-i", from, "-map", "0:v", "-c", "copy", "-bsf:v", "h264_mp4toannexb", "-f", "h264", es}))
+            return false;
+        QFile f(es);
+        if (!f.open(QIODevice::ReadWrite))
+            return false;
+        QByteArray d = f.readAll();
+        for (int i = d.indexOf(QByteArray("\0\0\1", 3)); i >= 0 && i + 3 < d.size(); i = d.indexOf(QByteArray("\0\0\1", 3), i + 3))
+            if (d.at(i + 3) == '\x41')
+                d[i + 3] = '\x61';
+        f.seek(0);
+        f.write(d);
+        f.close();
+        video = QStringList{"-framerate", "30", "-i", es};
+    }
+    const QString noise = QStringLiteral("anoisesrc=d=%1:c=pink:a=0.2:r=48000:seed=%2").arg(seconds).arg(seed);
+    const bool ok = ffmpeg(video + QStringList{"-f", "lavfi", "-i", noise, "-map", "0:v", "-map", "1:a", "-c:v", "copy"} + k.audio
+                           + QStringList{"-shortest", to});
+    QFile::remove(to + ".h264");
+    return ok;
+}
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    if (argc < 2) {
-        std::fprintf(stderr, "usage: vm-bench-carve FOLDER\n");
+    const SoundKind *kind = argc == 2 ? &kSounds[0] : nullptr;
+    for (const SoundKind &k : kSounds)
+        if (argc == 3 && qstrcmp(argv[2], k.name) == 0)
+            kind = &k;
+    if (argc < 2 || !kind) {
+        std::fprintf(stderr, "usage: vm-bench-carve FOLDER [aac|lpcm|sowt]\n");
         return 2;
     }
     const QString dir = QString::fromLocal8Bit(argv[1]);
     QDir().mkpath(dir);
-    const QString clip = dir + "/bench-clip.mov", sample = dir + "/bench-sample2.mov", big = dir + "/bench-1g.mov";
+    QString clip = dir + "/bench-clip.mov", sample = dir + "/bench-sample2.mov", big = dir + "/bench-1g.mov";
     const QStringList common = {"-c:v", "libx264", "-preset", "ultrafast", "-b:v", "8M", "-pix_fmt", "yuv420p",
                                 "-c:a", "aac", "-b:a", "128k", "-ac", "2"};
     if (!QFile::exists(clip)
@@ -143,6 +192,14 @@ int main(int argc, char **argv)
         && !ffmpeg(QStringList{"-f", "lavfi", "-i", "smptebars=size=1280x720:rate=30:duration=20", "-f", "lavfi", "-i",
                                "anoisesrc=d=20:c=pink:a=0.2:r=48000:seed=7"} + common + QStringList{sample}))
         return 1;
+    if (kind != &kSounds[0]) {
+        const QString base = dir + "/bench-" + kind->name;
+        if (!withSound(*kind, clip, base + "-clip.mov", 30, 1) || !withSound(*kind, sample, base + "-sample.mov", 20, 7))
+            return 1;
+        clip = base + "-clip.mov";
+        sample = base + "-sample.mov";
+        big = base + "-1g.mov";
+    }
     if (!QFile::exists(big)) {
         std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
         if (!makeBig(clip, big, 1000000000ULL))
@@ -160,13 +217,15 @@ int main(int argc, char **argv)
     struct rusage ru;
     getrusage(RUSAGE_SELF, &ru);
     const qint64 video = QFileInfo(dir + "/Repaired/video.h264").size();
-    const qint64 audio = QFileInfo(dir + "/Repaired/audio.aac").size();
+    const qint64 audio = QFileInfo(dir + "/Repaired/" + kind->carved).size();
     const quint64 frames = countFrames(dir + "/Repaired/video.h264");
-    std::printf("carve:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB, "
+    const double sound = kind->bytesPerSecond > 0 ? audio / kind->bytesPerSecond
+                                                  : countAdtsFrames(dir + "/Repaired/audio.aac") * 1024.0 / 48000;
+    std::printf("carve %s:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB, "
                 "frames %llu of %llu (%.2f %%), sound %.0f s of %.0f s\n",
-                mb, secs, mb / secs, video / 1e6, audio / 1e6, ru.ru_maxrss / 1024, (unsigned long long)frames,
-                (unsigned long long)expected, expected ? 100.0 * double(frames) / double(expected) : 0.0,
-                countAdtsFrames(dir + "/Repaired/audio.aac") * 1024.0 / 48000, expected / 30.0);
+                kind->name, mb, secs, mb / secs, video / 1e6, audio / 1e6, ru.ru_maxrss / 1024, (unsigned long long)frames,
+                (unsigned long long)expected, expected ? 100.0 * double(frames) / double(expected) : 0.0, sound,
+                expected / 30.0);
     if (qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
         return 0;
     QDir(dir + "/Repaired").removeRecursively();

@@ -455,6 +455,20 @@ private Q_SLOTS:
         QCOMPARE(c.sound, carve::WavSoundPrefix(carve::WavForm::Alaw) + QByteArray(8000, '\xD5'));
     }
 
+    void soundThatOpensLikeAUnitStaysSound()
+    {
+        // Quiet sound behind a chain opens with a length, a slice header and a
+        // unit's header where that length leads: it stays sound, since its
+        // silence (00 00 00) is nothing a unit can hold.
+        QByteArray sound = mov::be32(1024) + char(0x61) + QByteArray(1023, '\0');
+        sound += mov::be32(16) + char(0x61) + QByteArray(15, '\x07') + QByteArray(3000, '\0');
+        const QByteArray chain = unit(0x65, 300) + unit(0x61, 200);
+        QTemporaryDir dir;
+        const Carved c = carveBytes(carve::Splitter::H264Sowt, chain + sound + chain + sound + chain, dir.path());
+        QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 6);
+        QCOMPARE(c.sound, sound + sound);
+    }
+
     void badInputEndsInTheFile()
     {
         QByteArray noise(1 << 20, 0);

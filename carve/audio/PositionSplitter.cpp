@@ -145,6 +145,12 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
         s.ullVideoHeadsSize = videoHeads->size();
         s.nVideoHeadPos = 0;
     }
+    bool headFirst[256] = {};
+    {
+        const QByteArray heads = videoHeads ? readWhole(args.strVideoUnique) : QByteArray();
+        for (int i = 0; i < heads.size(); i += 3)
+            headFirst[quint8(heads[i])] = true;
+    }
     const FrameTest &test = FrameTestOf(row.chain);
     // The set that finds the first unit of the file; test.first ends a gap.
     const NalSet &firstSet = test.gapOnly ? test.run : test.first;
@@ -171,6 +177,47 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     };
     // A unit of length L at p, confirmed by the unit behind it.
     auto confirmed = [&](quint64 p, quint32 L) { return L && p + 4 + L <= size && nal(test.run, p + 4 + L); };
+    // Raw sound opens like a unit all too often (quiet PCM is full of 00 bytes
+    // and small numbers), and such a "unit" takes a length of up to 16 MB with
+    // it. A unit's payload never holds 00 00 00, 00 00 01 or 00 00 02 (the
+    // coder escapes them), while a stretch of sound and frames nearly always
+    // does: every unit taken here passes that test too.
+    quint64 checkedAt = ~quint64(0); // the unit whose bytes passed last
+    auto couldBeUnit = [&](quint64 p, quint32 L) {
+        if (p == checkedAt)
+            return true;
+        quint64 at = p + 4, end = qMin(size, at + L);
+        int zeros = 0;
+        while (at < end) {
+            size_t len = 0;
+            const quint8 *b = f.span(at, &len);
+            if (!b)
+                break;
+            len = size_t(qMin<quint64>(len, end - at));
+            for (size_t i = 0; i < len;) {
+                if (zeros == 0) {
+                    // Straight to the next 00: most bytes are passed at memchr's pace.
+                    const void *z = std::memchr(b + i, 0, len - i);
+                    if (!z)
+                        break;
+                    i = size_t(static_cast<const quint8 *>(z) - b);
+                }
+                if (b[i] == 0) {
+                    ++zeros;
+                } else {
+                    if (zeros >= 2 && b[i] <= 2)
+                        return false;
+                    zeros = 0;
+                }
+                ++i;
+            }
+            at += len;
+        }
+        if (zeros >= 3)
+            return false;
+        checkedAt = p;
+        return true;
+    };
     auto writeUnit = [&](quint64 p, quint32 L) {
         video.unit(f, p, L);
         ++s.carve.videoUnits;
@@ -299,7 +346,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
                     pos += block;
                     continue;
                 }
-                if (opens(firstSet, pos) && confirmed(pos, f.be32(pos))) {
+                if (opens(firstSet, pos) && confirmed(pos, f.be32(pos)) && couldBeUnit(pos, f.be32(pos))) {
                     s.bMediaFound = true;
                     state = State::Video;
                     break;
@@ -342,7 +389,8 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
                     continue;
                 }
                 // A clean chain: the frame test holds behind the unit.
-                if (nal(test.run, next) && f.be32(next) != 0 && next + 4 + f.be32(next) <= size) {
+                const quint32 L2 = f.be32(next);
+                if (nal(test.run, next) && L2 != 0 && next + 4 + L2 <= size && couldBeUnit(next, L2)) {
                     writeUnit(pos, L);
                     progress(pos);
                     pos = next;
@@ -357,8 +405,10 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
                 }
                 if (row.told == Told::Gaps || !withSound) {
                     // Whatever follows the chain up to the next one is sound.
-                    writeUnit(pos, L);
-                    pos = soundFrom = next;
+                    const bool unit = couldBeUnit(pos, L);
+                    if (unit)
+                        writeUnit(pos, L);
+                    pos = soundFrom = unit ? next : pos;
                     state = withSound ? State::Audio : State::First;
                     break;
                 }
@@ -434,10 +484,24 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
                         q += quint64(static_cast<const quint8 *>(zero) - b);
                     if (q >= size)
                         break;
+                } else if (q + 4 + kPaddingInner <= size) {
+                    // A head can only match where its first byte stands at q + 4.
+                    // Each position passed would have missed and sent the list
+                    // walk back to its start: one reset does the same.
+                    size_t len = 0;
+                    const quint8 *b = f.span(q + 4, &len);
+                    size_t i = 0;
+                    while (b && i < len && !headFirst[b[i]])
+                        ++i;
+                    if (i) {
+                        videoHeads->reset();
+                        q += qMin<quint64>(i, size - q);
+                        continue;
+                    }
                 }
                 if ((block = blockAt(q)))
                     break;
-                if (opens(test.first, q) && confirmed(q, f.be32(q))) {
+                if (opens(test.first, q) && confirmed(q, f.be32(q)) && couldBeUnit(q, f.be32(q))) {
                     toVideo = true;
                     break;
                 }
