@@ -10,7 +10,7 @@ namespace mp4info {
 namespace tag {
 constexpr char moov[] = "moov", trak[] = "trak", mdia[] = "mdia", minf[] = "minf", stbl[] = "stbl";
 constexpr char mdat[] = "mdat", hdlr[] = "hdlr", mdhd[] = "mdhd", stsd[] = "stsd", stts[] = "stts";
-constexpr char vide[] = "vide", soun[] = "soun", vmhd[] = "vmhd", smhd[] = "smhd", stsz[] = "stsz";
+constexpr char vide[] = "vide", soun[] = "soun", vmhd[] = "vmhd", smhd[] = "smhd";
 } // namespace tag
 
 // Atoms a QuickTime or MP4 file may begin with.

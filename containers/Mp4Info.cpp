@@ -97,23 +97,12 @@ void readStts(BufferedReader &f, const Atom &stts, Track &t)
     }
 }
 
-void readStsz(BufferedReader &f, const Atom &stsz, Track &t)
-{
-    // A size for every sample, or one for all; entries beyond the atom aren't read.
-    if (stsz.body + 12 > stsz.end)
-        return;
-    t.largest = f.be32(stsz.body + 4);
-    const quint64 count = t.largest ? 0 : qMin<quint64>(f.be32(stsz.body + 8), (stsz.end - stsz.body - 12) / 4);
-    for (quint64 i = 0; i < count; ++i)
-        t.largest = qMax(t.largest, f.be32(stsz.body + 12 + 4 * i));
-}
-
 void readTrak(BufferedReader &f, const Atom &trak, Info &info)
 {
     Track t;
     quint32 handler = 0;
-    Atom stsd, stts, stsz;
-    bool haveStsd = false, haveStts = false, haveStsz = false;
+    Atom stsd, stts;
+    bool haveStsd = false, haveStts = false;
     // mdia holds hdlr and mdhd; minf/stbl hold stsd and stts.
     auto walk = [&](auto &self, const Atom &parent, int depth) -> void {
         if (depth > kMaxDepth)
@@ -135,9 +124,6 @@ void readTrak(BufferedReader &f, const Atom &trak, Info &info)
             } else if (a.type == fourcc(tag::stts) && !haveStts) {
                 stts = a;
                 haveStts = true;
-            } else if (a.type == fourcc(tag::stsz) && !haveStsz) {
-                stsz = a;
-                haveStsz = true;
             }
         });
     };
@@ -152,8 +138,6 @@ void readTrak(BufferedReader &f, const Atom &trak, Info &info)
         readStsd(f, stsd, t, video);
     if (haveStts)
         readStts(f, stts, t);
-    if (haveStsz)
-        readStsz(f, stsz, t);
     t.present = true;
     slot = t;
 }

@@ -20,7 +20,6 @@ struct Track
     quint32 timeScale = 0;   // mdhd
     quint32 commonDelta = 0; // the most common sample duration of stts
     quint64 samples = 0;     // samples counted by stts
-    quint32 largest = 0;     // the largest sample of stsz
     quint16 width = 0, height = 0; // visual sample entry
     quint32 sampleRate = 0;        // sound sample entry (integer part)
     quint16 channels = 0;
