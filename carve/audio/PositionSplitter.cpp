@@ -115,6 +115,9 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     }
     const PositionRow &row = *rowPtr;
     RepairState &s = env.state;
+    // AC-3 with a sample that has no sound: the units alone, as the AAC walk finds them.
+    if (row.told == Told::Ac3 && !s.bSampleHasAudio)
+        return SplitStreams(Splitter::H264Aac, args, env);
     const std::atomic<bool> &stop = s.bStopRepair;
     const QString workDir = EnsureWorkFolderIn(s.strWorkBase);
 
