@@ -70,3 +70,5 @@ for kind in prores mjpeg; do
       END { print line }'
   done
 done
+# The work log of a one-hour 3GP recording, read by the rebuild.
+"$bin/bench/vm-bench-log" "$dir"
