@@ -26,6 +26,8 @@ mux::StageId muxStageOf(Splitter id)
         {Splitter::UlawWav, mux::StageId::H264Ulaw},  {Splitter::ImaWav, mux::StageId::H264Ima},
         {Splitter::OpusWav, mux::StageId::H264Opus},  {Splitter::Ac3, mux::StageId::H264Ac3},
         {Splitter::HevcAlawWav, mux::StageId::HevcAlaw}, {Splitter::HevcUlawWav, mux::StageId::HevcUlaw},
+        {Splitter::HevcAac, mux::StageId::HevcAac},   {Splitter::HevcLpcm, mux::StageId::HevcLpcm},
+        {Splitter::HevcTwos, mux::StageId::HevcTwos},
     };
     for (const auto &k : kStages)
         if (k.splitter == id)
@@ -41,9 +43,11 @@ mux::StageId muxStageOf(Splitter id)
     ThreadProgress progress(*this);                        \
     Env env{pApp, &progress, strFileName, ullFileLeft}
 
-void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args)
+void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args) { CarveChain(H264CarverRow(code), args); }
+void ThreadVideoRepair::CarveHevc(quint32 code, CarverArgs &args) { CarveChain(HevcCarverRow(code), args); }
+
+void ThreadVideoRepair::CarveChain(const CarverRow &row, CarverArgs &args)
 {
-    const CarverRow &row = H264CarverRow(code);
     RepairState &s = pApp;
     s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
     strFileName = QFileInfo(args.strSource).fileName();
@@ -138,6 +142,9 @@ void ThreadVideoRepair::RunSplitter(Splitter id, CarverArgs &args)
 
 void ThreadVideoRepair::SplitH264Aac(CarverArgs &args) { RunSplitter(Splitter::H264Aac, args); }
 void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { RunSplitter(Splitter::H264Mp3, args); }
+void ThreadVideoRepair::SplitHevcAac(CarverArgs &args) { RunSplitter(Splitter::HevcAac, args); }
+void ThreadVideoRepair::SplitHevcLpcm(CarverArgs &args) { RunSplitter(Splitter::HevcLpcm, args); }
+void ThreadVideoRepair::SplitHevcTwos(CarverArgs &args) { RunSplitter(Splitter::HevcTwos, args); }
 void ThreadVideoRepair::SplitH264Lpcm(CarverArgs &args) { RunSplitter(Splitter::H264Lpcm, args); }
 void ThreadVideoRepair::SplitH264Twos(CarverArgs &args) { RunSplitter(Splitter::H264Twos, args); }
 void ThreadVideoRepair::SplitH264Sowt(CarverArgs &args) { RunSplitter(Splitter::H264Sowt, args); }
@@ -164,3 +171,12 @@ VM_H264_ENTRY(CarveH264WithAlaw, 11)
 VM_H264_ENTRY(CarveH264WithLpcm, 12)
 VM_H264_ENTRY(CarveH264WithUlaw, 13)
 #undef VM_H264_ENTRY
+
+#define VM_HEVC_ENTRY(name, code) \
+    void ThreadVideoRepair::name(CarverArgs &args) { CarveHevc(code, args); }
+VM_HEVC_ENTRY(CarveHevcWithAac, 6)
+VM_HEVC_ENTRY(CarveHevcWithTwosPcm, 5)
+VM_HEVC_ENTRY(CarveHevcWithAlaw, 11)
+VM_HEVC_ENTRY(CarveHevcWithLpcm, 12)
+VM_HEVC_ENTRY(CarveHevcWithUlaw, 13)
+#undef VM_HEVC_ENTRY

@@ -25,12 +25,7 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
 
 VM_PENDING_ENTRY(CarveMpegPsInMov, "MPEG program stream")
 VM_PENDING_ENTRY(RepairTsInMov, "MPEG transport stream")
-VM_PENDING_ENTRY(CarveHevcWithAlaw, "HEVC with A-law")
 VM_PENDING_ENTRY(CarveAv1Video, "AV1")
 VM_PENDING_ENTRY(CarveMpeg4Video, "MPEG-4 Visual")
-VM_PENDING_ENTRY(CarveHevcWithUlaw, "HEVC with u-law")
-VM_PENDING_ENTRY(CarveHevcWithLpcm, "HEVC with linear PCM")
-VM_PENDING_ENTRY(CarveHevcWithAac, "HEVC with AAC")
-VM_PENDING_ENTRY(CarveHevcWithTwosPcm, "HEVC with big-endian PCM")
 
 #undef VM_PENDING_ENTRY

@@ -97,6 +97,8 @@ public:
 
     // --- The H.264 carving chain: the driver, then its stages ---
     void CarveH264(quint32 code, CarverArgs &args);
+    void CarveHevc(quint32 code, CarverArgs &args);
+    void CarveChain(const carve::CarverRow &row, CarverArgs &args);
     void H264FirstRunCheck(const carve::CarverRow &row, CarverArgs &args);
     void HarvestH264Sample(const carve::CarverRow &row, CarverArgs &args);
     void WriteUniqueSequences(bool video, CarverArgs &args);
@@ -105,6 +107,9 @@ public:
     void RunSplitter(carve::Splitter id, CarverArgs &args);
     void SplitH264Aac(CarverArgs &args);
     void SplitH264Mp3(CarverArgs &args);
+    void SplitHevcAac(CarverArgs &args);
+    void SplitHevcLpcm(CarverArgs &args);
+    void SplitHevcTwos(CarverArgs &args);
     void SplitH264Lpcm(CarverArgs &args);
     void SplitH264Twos(CarverArgs &args);
     void SplitH264Sowt(CarverArgs &args);

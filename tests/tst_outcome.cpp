@@ -110,8 +110,8 @@ private Q_SLOTS:
             << fixtures::healthy("carve_wide_sample.mov") << int(Why::WrongSample)
             << "frame size 320x240 in the recording, 640x360 in the sample";
         QTest::newRow("a kind not handled yet")
-            << fixtures::moovRemoved(fixtures::healthy("hevc_aac.mp4")) << fixtures::healthy("hevc_aac.mp4")
-            << int(Why::NotHandled) << "HEVC";
+            << fixtures::moovRemoved(fixtures::healthy("av1.mp4")) << fixtures::healthy("av1.mp4")
+            << int(Why::NotHandled) << "AV1";
     }
 
     void reasons()

@@ -35,6 +35,9 @@ constexpr quint64 kTwosRun = 0x17760;             // 96096: a run of twos sound 
 constexpr quint64 kTwosRunShort = 0x16800;        // 92160: ... or this
 constexpr quint64 kTwosRunBlock = 96000;          // also kept whole in front of a maker's block
 constexpr quint64 kTwosBlockTrim = 48;            // what a run in front of a maker's block loses otherwise
+constexpr quint64 kHevcTwosJump = 180000;         // the same for HEVC recorders, ...
+constexpr quint64 kHevcTwosRun = 0x2eec0;         // ... which write runs of 192192 ...
+constexpr quint64 kHevcTwosRunShort = 0x2d000;    // ... or 184320 bytes
 
 // Blocks some recorders put between units: a head, a label 8 bytes on, and a
 // size that is the sum of the 16-bit numbers at +0, +4 and +6.

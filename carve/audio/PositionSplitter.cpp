@@ -32,6 +32,7 @@ enum class RunRule {
     Any,  // every run as it is
     Sowt, // runs up to kSowtMaxRun, longer ones only at the sizes cameras write
     Twos, // the run sizes of twos recorders, jumped over before the look for video
+    HevcTwos, // HEVC twos recorders: runs of 192192 and 184320 bytes, no other
 };
 
 struct PositionRow
@@ -69,6 +70,10 @@ const PositionRow kRows[] = {
     // Opus sound is carved and wrapped, and its mux stage leaves it out.
     {Splitter::OpusWav, Chain::Opus, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Alaw, true, true, 3,
      nullptr, 0},
+    {Splitter::HevcLpcm, Chain::HevcLpcm, Told::Gaps, true, RunRule::Any, 0, kVideoHevc, kAudioPcmGaps, WavForm::None,
+     false, false, 2, nullptr, 0},
+    {Splitter::HevcTwos, Chain::HevcTwos, Told::Gaps, false, RunRule::HevcTwos, audio::kHevcTwosJump, kVideoHevc, kAudioPcm,
+     WavForm::None, false, false, 3, nullptr, 0},
     {Splitter::HevcAlawWav, Chain::HevcAlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoHevc, kAudioWav, WavForm::Alaw,
      false, false, 3, nullptr, 0},
     {Splitter::HevcUlawWav, Chain::HevcAlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoHevc, kAudioWav, WavForm::Alaw,
@@ -261,6 +266,11 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
             break;
         case RunRule::Sowt:
             if (n <= audio::kSowtMaxRun || n == audio::kSowtLongRuns[0] || n == audio::kSowtLongRuns[1])
+                copySound(from, n);
+            break;
+        case RunRule::HevcTwos:
+            qDebug() << "Audio Size" << n << "pApp.SoundFoundOffset" << from << "netx" << to;
+            if (n == audio::kHevcTwosRun || n == audio::kHevcTwosRunShort || atEnd)
                 copySound(from, n);
             break;
         case RunRule::Twos: {

@@ -49,6 +49,10 @@ const SplitterRow &rowOf(Splitter id)
         {Splitter::H264Mp3, "SplitH264Mp3", FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).first,
          FrameTestOf(Chain::Mp3).first, FrameTestOf(Chain::Mp3).run, FrameTestOf(Chain::Mp3).run,
          AudioKind::Mp3Frames},
+        // HEVC: one set for every test, b5 (the header's second byte) included.
+        {Splitter::HevcAac, "SplitHevcAac", FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run,
+         FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run,
+         AudioKind::AdtsHeads},
     };
     for (const SplitterRow &r : kRows)
         if (r.id == id)
@@ -93,7 +97,7 @@ namespace carve {
 
 bool SplitterBuilt(Splitter id)
 {
-    return id == Splitter::H264Aac || id == Splitter::H264Mp3 || PositionSplitterBuilt(id);
+    return id == Splitter::H264Aac || id == Splitter::H264Mp3 || id == Splitter::HevcAac || PositionSplitterBuilt(id);
 }
 
 Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
@@ -506,7 +510,11 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                 }
                 if (test(row.first, pos) && !soundBehindLength(pos)) {
                     const quint32 L = f.be32(pos);
-                    if (L && test(row.run, pos + 4 + L)) {
+                    // Departure: a first unit with a known sound head right behind it counts
+                    // too; a key frame alone in its chunk otherwise loses its whole group.
+                    const quint64 next = pos + 4 + L;
+                    if (L && (test(row.run, next) || (row.audio == AudioKind::AdtsHeads && next < size &&
+                                                      (audioAt(next) || unitBeforeNewSound(pos, L))))) {
                         s.bMediaFound = true;
                         state = State::Video;
                         break;

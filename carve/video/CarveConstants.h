@@ -15,6 +15,8 @@ constexpr quint8 kAudHeader = 0x09;           // ... that is an access unit deli
 constexpr int kPaddingOuter = 512; // blank blocks skipped at once
 constexpr quint64 kAtomHeader = 8; // size and tag: no atom is smaller
 constexpr int kPaddingInner = 128;
+constexpr quint64 kHvcCArrays = 27;    // from the "hvcC" tag to its first array
+constexpr quint64 kHvcCSearch = 4096;  // how far the search for SPS and PPS openings goes
 
 // Top-level atoms the media walk steps over by their size.
 constexpr const char *kSkipTags[] = {"free", "wide", "pict", "meta", "meco", "uuid", "pdin", "moov", "ftyp", "skip"};
@@ -30,12 +32,33 @@ struct NalSet
     qint16 onlyFollowedBy[256];  // header byte h counts only if b5 == onlyFollowedBy[h] (-1: any)
     bool delimiter = true;       // 00 00 00 02 09 counts as well
 
+    quint8 b5Low[256], b5High[256]; // header byte h counts only with b5 in [low, high]
+    bool zeroHeader = false;        // 00 counts when b1 is 00, or b1 is 01, b2 under FF and b5 01
+
     NalSet(std::initializer_list<int> bytes)
     {
-        for (int i = 0; i < 256; ++i)
+        for (int i = 0; i < 256; ++i) {
             notFollowedBy[i] = onlyFollowedBy[i] = -1;
+            b5Low[i] = 0;
+            b5High[i] = 0xFF;
+        }
         for (int b : bytes)
             member[b] = 1;
+    }
+    // Header bytes that count only with b5 (the second byte of an HEVC header) in [low, high].
+    NalSet &b5Between(std::initializer_list<int> headers, int low, int high)
+    {
+        for (int h : headers) {
+            member[h] = 1;
+            b5Low[h] = quint8(low);
+            b5High[h] = quint8(high);
+        }
+        return *this;
+    }
+    NalSet &withZeroHeader()
+    {
+        zeroHeader = true;
+        return *this;
     }
     NalSet &butNotBefore(int header, int next) { notFollowedBy[header] = qint16(next); return *this; }
     NalSet &onlyBefore(int header, int next)
@@ -50,7 +73,11 @@ struct NalSet
     {
         if (delimiter && b[0] == 0 && b[1] == 0 && b[2] == 0 && b[3] == 2 && b[4] == kAudHeader)
             return true;
-        if (b[0] != 0 || !member[b[4]])
+        if (b[0] != 0)
+            return false;
+        if (zeroHeader && b[4] == 0)
+            return b[1] == 0 || (b[1] == 1 && b[2] < 0xFF && b[5] == 1);
+        if (!member[b[4]] || b[5] < b5Low[b[4]] || b[5] > b5High[b[4]])
             return false;
         if (notFollowedBy[b[4]] >= 0 && b[5] == notFollowedBy[b[4]])
             return false;
@@ -71,7 +98,8 @@ inline const NalSet &HarvestNalSet()
 // the one before it), and the test that finds the first frame or ends a gap
 // of sound where it differs. One row per chain; they differ on purpose.
 enum class Chain {
-    Lpcm, Aac, AacVideoOnly, AacVideoOnlyDji, Mp3, AlawUlaw, Ac3, ImaAdpcm, Opus, SowtPcm, TwosPcm, HevcAlawUlaw, Count
+    Lpcm, Aac, AacVideoOnly, AacVideoOnlyDji, Mp3, AlawUlaw, Ac3, ImaAdpcm, Opus, SowtPcm, TwosPcm,
+    HevcLpcm, HevcAac, HevcAlawUlaw, HevcTwos, Count
 };
 
 struct FrameTest
@@ -81,6 +109,15 @@ struct FrameTest
     NalSet first;
     bool gapOnly = false; // `first` only ends a gap; the first unit of the file takes `run`
 };
+
+inline NalSet hevcAac()
+{
+    return NalSet{}.b5Between({0x02, 0x12, 0x26, 0x28, 0x2A, 0x4E, 0x46}, 1, 1).b5Between({0x10, 0x04}, 1, 2).b5Between({0x06}, 1, 3);
+}
+inline NalSet hevcTwos()
+{
+    return NalSet{0x0C, 0x0E, 0x28, 0x2A, 0x4E, 0x10, 0x12, 0x40, 0x42, 0x44, 0x46}.b5Between({0x02, 0x26}, 1, 1).withZeroHeader();
+}
 
 inline const FrameTest &FrameTestOf(Chain chain)
 {
@@ -107,9 +144,13 @@ inline const FrameTest &FrameTestOf(Chain chain)
         {Chain::SowtPcm, {0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x41, 0x61, 0x65, 0x67, 0x68},
          {0x21, 0x25, 0x27, 0x28, 0x61, 0x65, 0x67, 0x68}},
         {Chain::TwosPcm, {0x01, 0x06, 0x21, 0x25, 0x27, 0x28, 0x41, 0x65, 0x68}, {0x06, 0x21, 0x25, 0x41, 0x65}, true},
-        // HEVC: the first byte of the two-byte NAL header.
+        // HEVC: b4 and b5 are the two header bytes. The H.264 delimiter pattern
+        // counts here too, though HEVC's own delimiter is 46 01.
+        {Chain::HevcLpcm, {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x46, 0x4E}, {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x46, 0x4E}},
+        {Chain::HevcAac, hevcAac(), hevcAac()},
         {Chain::HevcAlawUlaw, {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x40, 0x42, 0x44, 0x46, 0x4E},
          {0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x40, 0x42, 0x44, 0x46, 0x4E}},
+        {Chain::HevcTwos, hevcTwos(), hevcTwos()},
     };
     static_assert(sizeof kTests / sizeof kTests[0] == size_t(Chain::Count), "one frame test per chain");
     return kTests[int(chain)];

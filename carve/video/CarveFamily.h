@@ -47,6 +47,13 @@ struct LearnerRow
     Splitter next;
 };
 
+// What the first run asks of the chunk table, and which units a sample harvest takes.
+enum class EntryRule {
+    FirstByte, // H.264: the first chunk begins with 00
+    HevcLpcm,  // HEVC: every chunk begins like a unit of the LPCM header set
+    HevcAac,   // HEVC: the same with the AAC chain's wide set
+};
+
 struct CarverRow
 {
     const char *name;
@@ -59,6 +66,8 @@ struct CarverRow
     bool countOneAlone;  // a first-run table of one entry is tested by itself
     Finaliser finaliser;
     Learner learner;
+    bool hevc = false;                         // "hvcC" and "/video.hevc" in place of "avcC" and "/video.h264"
+    EntryRule entryRule = EntryRule::FirstByte;
 };
 
 const LearnerRow &LearnerOf(Learner id);

@@ -37,6 +37,8 @@ struct Env
 
 // --- The H.264 carver family ---
 const CarverRow &H264CarverRow(quint32 formatCode);
+// --- The HEVC twins (FormatCode 6, and 5, 11, 12, 13 with an HEVC sample) ---
+const CarverRow &HevcCarverRow(quint32 formatCode);
 
 enum class FirstRun { Remux, Failed };
 // The first run, without a sample: does the damaged file's own index point at

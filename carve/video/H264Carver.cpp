@@ -1,6 +1,6 @@
-// The H.264 carver family: the first-run check of a damaged file, and the
-// harvest of a sample (parameter sets and the first bytes of its NAL units).
-// Ten members share this code; their differences are the rows below.
+// The H.264 and HEVC carver family: the first-run check of a damaged file,
+// and the harvest of a sample (parameter sets and the first bytes of its NAL
+// units). Fifteen members share this code; their differences are the rows below.
 
 #include "carve/video/CarveConstants.h"
 #include "carve/video/CarveStages.h"
@@ -28,6 +28,47 @@ const CarverRow kH264Carvers[] = {
     {"CarveH264WithUlaw", 13, false, false, true, false, false, false, Finaliser::Aac192Opus, Learner::Ulaw},
 };
 
+// The HEVC twins keep their H.264 twin's particulars where nothing replaces them.
+//   name                     code full  index mdat  thum  dji   one   finaliser              learner
+const CarverRow kHevcCarvers[] = {
+    {"CarveHevcWithAac", 6, true, true, true, false, false, false, Finaliser::HevcAac, Learner::HevcAac, true,
+     EntryRule::HevcAac},
+    {"CarveHevcWithTwosPcm", 5, false, false, false, false, false, false, Finaliser::HevcTwos, Learner::HevcTwos, true},
+    {"CarveHevcWithAlaw", 11, false, false, true, false, false, false, Finaliser::Aac192Opus, Learner::HevcAlaw, true},
+    {"CarveHevcWithLpcm", 12, true, true, false, false, false, false, Finaliser::HevcLpcm, Learner::HevcLpcm, true,
+     EntryRule::HevcLpcm},
+    {"CarveHevcWithUlaw", 13, false, false, true, false, false, false, Finaliser::Aac192, Learner::HevcUlaw, true},
+};
+
+// The header bytes (b4) of the HEVC first-run rule; the AAC set also takes 00 01.
+bool hevcEntryOpens(EntryRule rule, const quint8 *b)
+{
+    static const NalSet kLpcm{0x02, 0x10, 0x12, 0x26, 0x28, 0x2A, 0x46, 0x4E};
+    // A wide set that mixes in H.264 header values.
+    static const NalSet kAac = NalSet{0x01, 0x02, 0x06, 0x21, 0x25, 0x26, 0x27, 0x28, 0x40, 0x41, 0x42, 0x44, 0x46,
+                                      0x4E, 0x61, 0x65, 0x68}.b5Between({0x00}, 1, 1);
+    const NalSet &set = rule == EntryRule::HevcLpcm ? kLpcm : kAac;
+    return b[0] == 0 && set.member[b[4]] && b[5] >= set.b5Low[b[4]] && b[5] <= set.b5High[b[4]];
+}
+
+// A unit the HEVC harvest takes (b: 7 bytes, b6 the first payload byte). The
+// LPCM set wants b5 and b6 non-zero (46: b5 only, but b6 too for a chunk's
+// first unit); the AAC set is as wide as its first-run rule.
+bool hevcHarvestUnit(EntryRule rule, const quint8 *b, bool chunkFirst)
+{
+    if (b[0] == 0 && b[1] == 0 && b[2] == 0 && b[3] == 2 && b[4] == kAudHeader)
+        return true;
+    if (rule == EntryRule::HevcAac)
+        return hevcEntryOpens(rule, b);
+    if (b[0] != 0)
+        return false;
+    switch (b[4]) {
+    case 0x02: case 0x10: case 0x12: case 0x26: case 0x28: case 0x2A: case 0x4E: return b[5] != 0 && b[6] != 0;
+    case 0x46: return b[5] != 0 && (!chunkFirst || b[6] != 0);
+    default: return false;
+    }
+}
+
 bool isLeadTag(BufferedReader &f, quint64 p)
 {
     for (const char *t : {"ftyp", "free", "meta", "wide", "uuid"})
@@ -52,6 +93,14 @@ const CarverRow &H264CarverRow(quint32 code)
         if (r.code == code)
             return r;
     return kH264Carvers[0];
+}
+
+const CarverRow &HevcCarverRow(quint32 code)
+{
+    for (const CarverRow &r : kHevcCarvers)
+        if (r.code == code)
+            return r;
+    return kHevcCarvers[0];
 }
 
 
@@ -146,6 +195,25 @@ FirstRun H264FirstRunCheck(const CarverRow &row, CarverArgs &args, Env &env)
                 continue;
             // The chunk table: does its first chunk begin like a length prefix?
             s.nChunkCount = f.be32(P + 8);
+            if (row.entryRule != EntryRule::FirstByte) {
+                // HEVC with signatures: every chunk must open like a unit. The
+                // walk steps 4 bytes an entry, in a co64 too (whose entries are
+                // 8 bytes wide), as it always has. Reading an entry again
+                // gives the same bytes, so one read decides it.
+                const quint64 count = qMin<quint64>(s.nChunkCount, (s.ullFileSize - qMin(P + 12, s.ullFileSize)) / 4 + 1);
+                for (quint64 i = 0; i < count && !s.bStopRepair; ++i) {
+                    const quint64 at = P + 12 + 4 * i;
+                    const quint64 chunk = co64 ? f.be64(at) : f.be32(at);
+                    quint8 b[6];
+                    f.readAt(chunk, b, 6);
+                    if (b[0] != 0 || !hevcEntryOpens(row.entryRule, b))
+                        return fail();
+                }
+                if (count == 0)
+                    return fail();
+                s.bSampleHasAudio = true;
+                return remux();
+            }
             const quint64 first = co64 ? f.be64(P + 12) : f.be32(P + 12);
             if (s.nChunkCount < 2 && !(row.countOneAlone && s.nChunkCount == 1)) {
                 tableMet = true;
@@ -175,7 +243,7 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
     const bool opened = args.fpSample->open(args.strSample);
     BufferedReader &f = *args.fpSample;
     s.ullFileSize = env.fileLeft = f.size();
-    args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoH264);
+    args.strVideo = workfiles::PathIn(s.strWorkBase, row.hevc ? workfiles::kVideoHevc : workfiles::kVideoH264);
     args.strVideoHeads = workfiles::PathIn(s.strWorkBase, workfiles::kVideoHeads);
     args.strIndexing = workfiles::PathIn(s.strWorkBase, workfiles::kIndexing);
     QFile *video = openWork(args.fpVideo, args.strVideo);
@@ -189,10 +257,46 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
         f.readAt(at, b, 3);
         heads->write(reinterpret_cast<const char *>(b), 3);
     };
-    auto isNalLike = [&](quint64 at) {
-        quint8 b[6];
-        f.readAt(at, b, 6);
-        return nalLike.test(b);
+    auto isNalLike = [&](quint64 at, bool chunkFirst) {
+        quint8 b[7];
+        f.readAt(at, b, 7);
+        return row.hevc ? hevcHarvestUnit(row.entryRule, b, chunkFirst) : nalLike.test(b);
+    };
+    const QByteArray startCode(reinterpret_cast<const char *>(kStartCode), 4);
+    // HEVC's configuration: a single VPS in the first array, then the first
+    // SPS and PPS found by their array openings (A1/21, A2/22).
+    auto hvcC = [&](quint64 q) {
+        const quint64 end = qMin(s.ullFileSize, q + kHvcCSearch);
+        QByteArray head;
+        quint64 p = q + kHvcCArrays;
+        if ((f.u8(p) == 0xA0 || f.u8(p) == 0x20) && f.be16(p + 1) == 1) {
+            const quint16 len = f.be16(p + 3);
+            QByteArray vps(len, '\0');
+            f.readAt(p + 5, vps.data(), len);
+            head = startCode + vps;
+            p += 5 + len;
+        }
+        const int lastSet = head.size(); // where the SPS goes: behind the VPS
+        for (; p + 5 <= end; ++p) {
+            const quint8 type = f.u8(p);
+            const quint16 count = f.be16(p + 1);
+            const bool sps = (type == 0xA1 && (count == 1 || count == 2)) || (type == 0x21 && count == 1);
+            const bool pps = (type == 0xA2 && (count == 1 || count == 2)) || (type == 0x22 && count == 1);
+            if (!sps && !pps)
+                continue;
+            const quint16 len = f.be16(p + 3);
+            QByteArray unit(len, '\0');
+            f.readAt(p + 5, unit.data(), len);
+            if (sps) {
+                // Over whatever stood behind the parameter set before it.
+                head = head.left(lastSet) + startCode + unit;
+                p += 5 + len - 2; // on at one byte before the end of what was copied
+                continue;
+            }
+            head += startCode + unit;
+            break;
+        }
+        return head;
     };
 
     bool mdatSeen = false;
@@ -222,6 +326,17 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                 }
             } else if (s.bInVideoTrak && f.tagAt(P, "stsz")) {
                 s.nSampleFrames = f.be32(P + 12);
+            } else if (s.bInVideoTrak && row.hevc && f.tagAt(P, "stsd")) {
+                quint64 q = P;
+                while (q < s.ullFileSize && !f.tagAt(q, "hvcC"))
+                    ++q;
+                if (q < s.ullFileSize) {
+                    const QByteArray head = hvcC(q);
+                    video->seek(0);
+                    video->write(head);
+                    if (indexing)
+                        indexing->write(head);
+                }
             } else if (s.bInVideoTrak && f.tagAt(P, "stsd")) {
                 // The decoder configuration: first SPS and first PPS of avcC.
                 quint64 q = P;
@@ -250,12 +365,16 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                 if (row.fullHarvest && !(count == 1 && !co64)) { // a one-entry stco yields nothing: kept
                     // The table is the sample's own: bound it by the sample's size.
                     count = quint32(qMin<quint64>(count, (s.ullFileSize - qMin(table, s.ullFileSize)) / entryBytes));
+                    // The HEVC walk compares its counter with the count less one:
+                    // the last entry ends the table.
+                    if (row.hevc && count > 0)
+                        --count;
                     quint32 read = 0;
                     for (quint32 i = 0; i < count; ++i) {
                         const quint64 off = co64 ? f.be64(table + quint64(i) * 8) : f.be32(table + quint64(i) * 4);
                         if (off == 0)
                             continue;
-                        if (isNalLike(off))
+                        if (isNalLike(off, true))
                             record(off + 4);
                         if (read++ < 1) {
                             // Walk the NAL chain of the first chunk.
@@ -270,7 +389,7 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                                     break;
                                 }
                                 record(c + 4);
-                                if (!isNalLike(n))
+                                if (!isNalLike(n, false))
                                     break; // the last unit of the run has counted too
                                 c = n;
                             }
