@@ -54,6 +54,8 @@ const Kind kKinds[] = {
     {"x265_aac", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, kX265 + QStringList{"-tag:v", "hvc1"}},
     {"x265_aac_hev1", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, kX265 + QStringList{"-tag:v", "hev1"}},
     {"x265_lpcm", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 0, kX265 + QStringList{"-tag:v", "hvc1"}},
+    {"x265_alaw", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kX265 + QStringList{"-tag:v", "hvc1"}},
+    {"x265_ulaw", "mov", {"-c:a", "pcm_mulaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kX265 + QStringList{"-tag:v", "hvc1"}},
     {"x265_twos", "mov", {"-af", "asetnsamples=n=48048", "-c:a", "pcm_s16be", "-ac", "2"}, false, "audio.pcm", 0,
      kX265 + QStringList{"-tag:v", "hvc1"}},
 };
@@ -255,6 +257,7 @@ private Q_SLOTS:
             // HEVC. With AAC the built-in openings of HEVC cameras' sound split a
             // few frames of this sound in two: it lasts as long, a few frames don't decode.
             {"x265_aac", Half, 0, 120, Lasts}, {"x265_aac_hev1", Second, 0, 120, Lasts}, {"x265_lpcm", Half, 0, 120, Matches},
+            {"x265_alaw", Half, 0, 120, Matches}, {"x265_ulaw", Second, 0, 120, Matches},
             // A key frame alone in its chunk with sound behind it that no list
             // knows yet (AAC) or that has no openings (PCM): its group of pictures is lost.
             {"x265_aac", Ffmpeg, 0, 90, Any}, {"x265_twos", Ffmpeg, 0, 90, Matches},
@@ -500,6 +503,87 @@ private Q_SLOTS:
         QCOMPARE(c.sound, sound + sound);
     }
 
+    void hevcConfigurationAndFirstRun()
+    {
+        using namespace mov;
+        const QByteArray vps("\x40\x01\x0c", 3), sps("\x42\x01\x01\x60", 4), pps("\x44\x01\xc1", 3);
+        auto array = [](quint8 type, const QList<QByteArray> &units) {
+            QByteArray a = char(type) + be16(quint16(units.size()));
+            for (const QByteArray &u : units)
+                a += be16(quint16(u.size())) + u;
+            return a;
+        };
+        // A recording: chunks of one unit each (b4 b5 given), a video track whose
+        // table lists them, the hvcC given.
+        QTemporaryDir dir;
+        auto file = [&](const QByteArray &hvcC, const QList<QByteArray> &headers, quint32 countField) {
+            QByteArray media;
+            QList<quint32> offsets;
+            const int mdatAt = ftyp().size() + 8;
+            for (const QByteArray &h : headers) {
+                offsets << quint32(mdatAt + media.size());
+                media += be32(40) + h + QByteArray(38, '\x11');
+            }
+            QByteArray table = zeros(4) + be32(countField);
+            for (quint32 o : offsets)
+                table += be32(o);
+            const QByteArray entry = atom("hvc1", zeros(6) + be16(1) + zeros(70) + atom("hvcC", hvcC));
+            const QByteArray stbl = atom("stbl", stsd(entry) + stts(1000) + atom("stco", table));
+            const QByteArray trak = atom("trak", tkhd(320, 240) + atom("mdia", mdhd(30000) + atom("minf", atom("vmhd", zeros(12)) + stbl)));
+            const QString path = dir.filePath("h.mov");
+            write(path, ftyp() + atom("mdat", media) + moov({trak}));
+            return path;
+        };
+        const QByteArray sc("\0\0\0\1", 4), fixed(22, '\x01');
+        auto h = [](char b4, char b5) { return QByteArray(1, b4) + b5; };
+        const QList<QByteArray> chunks = {h(0x26, 1), h(0x02, 1), h(0x02, 1)};
+        // hvcC forms: the head of the stream is VPS (only a single one in the first
+        // array), the first SPS and the first PPS.
+        const struct { QByteArray hvcC, head; } forms[] = {
+            {fixed + char(3) + array(0xA0, {vps}) + array(0xA1, {sps}) + array(0xA2, {pps}), sc + vps + sc + sps + sc + pps},
+            {fixed + char(3) + array(0x20, {vps}) + array(0x21, {sps}) + array(0x22, {pps}), sc + vps + sc + sps + sc + pps},
+            {fixed + char(3) + array(0xA0, {vps}) + array(0xA1, {sps, sps + "\x02"}) + array(0xA2, {pps, pps}), sc + vps + sc + sps + sc + pps},
+            {fixed + char(3) + array(0xA0, {vps, vps}) + array(0xA1, {sps}) + array(0xA2, {pps}), sc + sps + sc + pps},
+            {fixed + char(2) + array(0xA1, {sps}) + array(0xA2, {pps}), sc + sps + sc + pps},
+        };
+        for (const auto &form : forms) {
+            RepairState s;
+            s.strWorkBase = dir.path();
+            carve::Env env{s, nullptr, "h.mov"};
+            CarverArgs a;
+            a.strSample = a.strSource = file(form.hvcC, chunks, 3);
+            carve::HarvestH264Sample(carve::HevcCarverRow(6), a, env);
+            a.fpVideo.reset();
+            QCOMPARE(readAll(a.strVideo), form.head);
+            QVERIFY(a.strVideo.endsWith("video.hevc"));
+            QCOMPARE(readAll(a.strIndexing), form.head);
+        }
+        // A configuration whose lengths run past the end of the file: no crash.
+        {
+            RepairState s;
+            s.strWorkBase = dir.path();
+            carve::Env env{s, nullptr, "h.mov"};
+            CarverArgs a;
+            a.strSample = a.strSource = file(fixed + char(1) + char(0xA0) + be16(1) + be16(0xFFFF), chunks, 3);
+            carve::HarvestH264Sample(carve::HevcCarverRow(6), a, env);
+        }
+        // The first run judges every chunk: IDR, trailing and CRA-less sets, a bad
+        // chunk in the middle, absurd counts. LPCM's set knows no 01 and no 00 01.
+        const struct { quint32 code; QList<QByteArray> headers; quint32 count; bool remux; } runs[] = {
+            {6, chunks, 3, true}, {12, chunks, 3, true}, {6, {h(0x26, 1), h(0x00, 1), h(0x02, 1)}, 3, true},
+            {12, {h(0x26, 1), h(0x00, 1), h(0x02, 1)}, 3, false}, {6, {h(0x26, 1), h(0x2A, 1), h(0x02, 1)}, 3, false},
+            {6, {h(0x26, 1), h(0x30, 1), h(0x02, 1)}, 3, false}, {6, chunks, 0, false}, {6, chunks, 0xFFFFFFFF, false},
+        };
+        for (const auto &r : runs) {
+            RepairState s;
+            s.strWorkBase = dir.path();
+            carve::Env env{s, nullptr, "h.mov"};
+            CarverArgs a;
+            a.strSource = file(fixed + char(0), r.headers, r.count);
+            QCOMPARE(carve::H264FirstRunCheck(carve::HevcCarverRow(r.code), a, env) == carve::FirstRun::Remux, r.remux);
+        }
+    }
+
     void badInputEndsInTheFile()
     {
         QByteArray noise(1 << 20, 0);
@@ -513,7 +597,8 @@ private Q_SLOTS:
         QTemporaryDir dir;
         using carve::Splitter;
         for (Splitter id : {Splitter::H264Lpcm, Splitter::H264Twos, Splitter::H264Sowt, Splitter::AlawWav, Splitter::UlawWav,
-                            Splitter::ImaWav, Splitter::OpusWav, Splitter::Ac3, Splitter::HevcAlawWav}) {
+                            Splitter::ImaWav, Splitter::OpusWav, Splitter::Ac3, Splitter::HevcAlawWav, Splitter::HevcLpcm,
+                            Splitter::HevcTwos, Splitter::HevcAac}) {
             for (const QByteArray &media : {noise, quiet, QByteArray(1 << 20, '\0'), QByteArray(), huge.repeated(100)}) {
                 const Carved c = carveBytes(id, media, dir.path(), noise.left(300));
                 // Nothing larger than the file comes out (twos may pad a run once).
