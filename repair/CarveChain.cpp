@@ -27,7 +27,7 @@ mux::StageId muxStageOf(Splitter id)
         {Splitter::OpusWav, mux::StageId::H264Opus},  {Splitter::Ac3, mux::StageId::H264Ac3},
         {Splitter::HevcAlawWav, mux::StageId::HevcAlaw}, {Splitter::HevcUlawWav, mux::StageId::HevcUlaw},
         {Splitter::HevcAac, mux::StageId::HevcAac},   {Splitter::HevcLpcm, mux::StageId::HevcLpcm},
-        {Splitter::HevcTwos, mux::StageId::HevcTwos},
+        {Splitter::HevcTwos, mux::StageId::HevcTwos},  {Splitter::Mpeg4Aac, mux::StageId::Mpeg4},
     };
     for (const auto &k : kStages)
         if (k.splitter == id)
@@ -145,6 +145,8 @@ void ThreadVideoRepair::SplitH264Mp3(CarverArgs &args) { RunSplitter(Splitter::H
 void ThreadVideoRepair::SplitHevcAac(CarverArgs &args) { RunSplitter(Splitter::HevcAac, args); }
 void ThreadVideoRepair::SplitHevcLpcm(CarverArgs &args) { RunSplitter(Splitter::HevcLpcm, args); }
 void ThreadVideoRepair::SplitHevcTwos(CarverArgs &args) { RunSplitter(Splitter::HevcTwos, args); }
+void ThreadVideoRepair::SplitMpeg4Aac(CarverArgs &args) { RunSplitter(Splitter::Mpeg4Aac, args); }
+void ThreadVideoRepair::CarveMpeg4Video(CarverArgs &args) { CarveChain(Mpeg4CarverRow(), args); }
 void ThreadVideoRepair::SplitH264Lpcm(CarverArgs &args) { RunSplitter(Splitter::H264Lpcm, args); }
 void ThreadVideoRepair::SplitH264Twos(CarverArgs &args) { RunSplitter(Splitter::H264Twos, args); }
 void ThreadVideoRepair::SplitH264Sowt(CarverArgs &args) { RunSplitter(Splitter::H264Sowt, args); }

@@ -110,6 +110,7 @@ public:
     void SplitHevcAac(CarverArgs &args);
     void SplitHevcLpcm(CarverArgs &args);
     void SplitHevcTwos(CarverArgs &args);
+    void SplitMpeg4Aac(CarverArgs &args);
     void SplitH264Lpcm(CarverArgs &args);
     void SplitH264Twos(CarverArgs &args);
     void SplitH264Sowt(CarverArgs &args);

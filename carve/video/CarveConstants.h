@@ -17,6 +17,10 @@ constexpr quint64 kAtomHeader = 8; // size and tag: no atom is smaller
 constexpr int kPaddingInner = 128;
 constexpr quint64 kHvcCArrays = 27;    // from the "hvcC" tag to its first array
 constexpr quint64 kHvcCSearch = 4096;  // how far the search for SPS and PPS openings goes
+constexpr quint64 kEsdsSearch = 65536; // how far the esds's object headers are looked for
+// MPEG-4 Visual start codes that open a frame: a VOP, a group of VOPs.
+constexpr quint8 kVopStart[4] = {0, 0, 1, 0xB6};
+constexpr quint8 kGovStart[4] = {0, 0, 1, 0xB3};
 
 // Top-level atoms the media walk steps over by their size.
 constexpr const char *kSkipTags[] = {"free", "wide", "pict", "meta", "meco", "uuid", "pdin", "moov", "ftyp", "skip"};

@@ -68,6 +68,7 @@ struct CarverRow
     Learner learner;
     bool hevc = false;                         // "hvcC" and "/video.hevc" in place of "avcC" and "/video.h264"
     EntryRule entryRule = EntryRule::FirstByte;
+    bool mpeg4 = false;                        // "esds" and "/video.m4v": object headers, no unit signatures
 };
 
 const LearnerRow &LearnerOf(Learner id);

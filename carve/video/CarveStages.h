@@ -39,6 +39,8 @@ struct Env
 const CarverRow &H264CarverRow(quint32 formatCode);
 // --- The HEVC twins (FormatCode 6, and 5, 11, 12, 13 with an HEVC sample) ---
 const CarverRow &HevcCarverRow(quint32 formatCode);
+// --- MPEG-4 Visual (FormatCode 7) ---
+const CarverRow &Mpeg4CarverRow();
 
 enum class FirstRun { Remux, Failed };
 // The first run, without a sample: does the damaged file's own index point at

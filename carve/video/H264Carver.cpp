@@ -8,6 +8,7 @@
 #include "repair/RepairState.h"
 
 #include <QFileInfo>
+#include <cstring>
 #include <QtDebug>
 
 using namespace carve;
@@ -39,6 +40,10 @@ const CarverRow kHevcCarvers[] = {
      EntryRule::HevcLpcm},
     {"CarveHevcWithUlaw", 13, false, false, true, false, false, false, Finaliser::Aac192, Learner::HevcUlaw, true},
 };
+
+// MPEG-4 Visual frames carry start codes: the sample gives only its object headers.
+const CarverRow kMpeg4Carver = {"CarveMpeg4Video", 7, false, false, true, false, false, false, Finaliser::Mpeg4,
+                                Learner::Mpeg4Aac, false, EntryRule::FirstByte, true};
 
 // The header bytes (b4) of the HEVC first-run rule; the AAC set also takes 00 01.
 bool hevcEntryOpens(EntryRule rule, const quint8 *b)
@@ -94,6 +99,8 @@ const CarverRow &H264CarverRow(quint32 code)
             return r;
     return kH264Carvers[0];
 }
+
+const CarverRow &Mpeg4CarverRow() { return kMpeg4Carver; }
 
 const CarverRow &HevcCarverRow(quint32 code)
 {
@@ -243,7 +250,8 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
     const bool opened = args.fpSample->open(args.strSample);
     BufferedReader &f = *args.fpSample;
     s.ullFileSize = env.fileLeft = f.size();
-    args.strVideo = workfiles::PathIn(s.strWorkBase, row.hevc ? workfiles::kVideoHevc : workfiles::kVideoH264);
+    args.strVideo = workfiles::PathIn(s.strWorkBase, row.mpeg4 ? workfiles::kVideoM4v
+                                                  : row.hevc ? workfiles::kVideoHevc : workfiles::kVideoH264);
     args.strVideoHeads = workfiles::PathIn(s.strWorkBase, workfiles::kVideoHeads);
     args.strIndexing = workfiles::PathIn(s.strWorkBase, workfiles::kIndexing);
     QFile *video = openWork(args.fpVideo, args.strVideo);
@@ -263,6 +271,45 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
         return row.hevc ? hevcHarvestUnit(row.entryRule, b, chunkFirst) : nalLike.test(b);
     };
     const QByteArray startCode(reinterpret_cast<const char *>(kStartCode), 4);
+    // MPEG-4's object headers from the "esds": the sequence start without its
+    // profile byte (dropped, as it always was), the visual object start up to
+    // the 00 00 of the start code behind it, and from a video object layer
+    // start up to "stts" (the descriptor's tail and the atoms behind come
+    // along; decoders pass over them).
+    auto find = [&](quint64 from, quint64 end, const char *bytes, int n) {
+        for (quint64 q = from; q + quint64(n) <= end; ++q) {
+            quint8 b[4];
+            f.readAt(q, b, size_t(n));
+            if (std::memcmp(b, bytes, size_t(n)) == 0)
+                return q;
+        }
+        return end;
+    };
+    auto esdsHead = [&](quint64 stsd) {
+        const quint64 end = qMin(s.ullFileSize, stsd + kEsdsSearch);
+        QByteArray head;
+        const quint64 esds = find(stsd, end, "esds", 4);
+        const quint64 seq = find(esds, end, "\0\0\1\xB0", 4);
+        if (seq >= end)
+            return head;
+        head.append("\0\0\1\xB0", 4);
+        const quint64 b = find(seq + 5, end, "\0\0\1\xB5", 4);
+        const quint64 e = find(b, end, "\1\0", 2);
+        if (b >= end || e >= end)
+            return head;
+        QByteArray part(int(e - b), '\0');
+        f.readAt(b, part.data(), size_t(part.size()));
+        head += part;
+        if (f.be32(e + 2) == 0x00000120) {
+            const quint64 stts = find(e + 2, end, "stts", 4);
+            if (stts < end && stts >= e + 6) {
+                QByteArray vol(int(stts - 4 - (e + 2)), '\0');
+                f.readAt(e + 2, vol.data(), size_t(vol.size()));
+                head += vol;
+            }
+        }
+        return head;
+    };
     // HEVC's configuration: a single VPS in the first array, then the first
     // SPS and PPS found by their array openings (A1/21, A2/22).
     auto hvcC = [&](quint64 q) {
@@ -326,6 +373,9 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                 }
             } else if (s.bInVideoTrak && f.tagAt(P, "stsz")) {
                 s.nSampleFrames = f.be32(P + 12);
+            } else if (s.bInVideoTrak && row.mpeg4 && f.tagAt(P, "stsd")) {
+                video->seek(0);
+                video->write(esdsHead(P));
             } else if (s.bInVideoTrak && row.hevc && f.tagAt(P, "stsd")) {
                 quint64 q = P;
                 while (q < s.ullFileSize && !f.tagAt(q, "hvcC"))
@@ -356,6 +406,10 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                     if (indexing)
                         indexing->write(head);
                 }
+            } else if (s.bInVideoTrak && row.mpeg4 && (f.tagAt(P, "stco") || f.tagAt(P, "co64"))) {
+                // No signatures of video in this chain: the table ends the search.
+                s.bInVideoTrak = false;
+                tableDone = true;
             } else if (s.bInVideoTrak && (f.tagAt(P, "stco") || f.tagAt(P, "co64"))) {
                 const bool co64 = f.tagAt(P, "co64");
                 s.nChunkCount = f.be32(P + 8);
