@@ -28,6 +28,7 @@ mux::StageId muxStageOf(Splitter id)
         {Splitter::HevcAlawWav, mux::StageId::HevcAlaw}, {Splitter::HevcUlawWav, mux::StageId::HevcUlaw},
         {Splitter::HevcAac, mux::StageId::HevcAac},   {Splitter::HevcLpcm, mux::StageId::HevcLpcm},
         {Splitter::HevcTwos, mux::StageId::HevcTwos},  {Splitter::Mpeg4Aac, mux::StageId::Mpeg4},
+        {Splitter::Av1Aac, mux::StageId::Av1},
     };
     for (const auto &k : kStages)
         if (k.splitter == id)
@@ -147,6 +148,8 @@ void ThreadVideoRepair::SplitHevcLpcm(CarverArgs &args) { RunSplitter(Splitter::
 void ThreadVideoRepair::SplitHevcTwos(CarverArgs &args) { RunSplitter(Splitter::HevcTwos, args); }
 void ThreadVideoRepair::SplitMpeg4Aac(CarverArgs &args) { RunSplitter(Splitter::Mpeg4Aac, args); }
 void ThreadVideoRepair::CarveMpeg4Video(CarverArgs &args) { CarveChain(Mpeg4CarverRow(), args); }
+void ThreadVideoRepair::SplitAv1Aac(CarverArgs &args) { RunSplitter(Splitter::Av1Aac, args); }
+void ThreadVideoRepair::CarveAv1Video(CarverArgs &args) { CarveChain(Av1CarverRow(), args); }
 void ThreadVideoRepair::SplitH264Lpcm(CarverArgs &args) { RunSplitter(Splitter::H264Lpcm, args); }
 void ThreadVideoRepair::SplitH264Twos(CarverArgs &args) { RunSplitter(Splitter::H264Twos, args); }
 void ThreadVideoRepair::SplitH264Sowt(CarverArgs &args) { RunSplitter(Splitter::H264Sowt, args); }

@@ -25,6 +25,5 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
 
 VM_PENDING_ENTRY(CarveMpegPsInMov, "MPEG program stream")
 VM_PENDING_ENTRY(RepairTsInMov, "MPEG transport stream")
-VM_PENDING_ENTRY(CarveAv1Video, "AV1")
 
 #undef VM_PENDING_ENTRY

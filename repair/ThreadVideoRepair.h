@@ -111,6 +111,7 @@ public:
     void SplitHevcLpcm(CarverArgs &args);
     void SplitHevcTwos(CarverArgs &args);
     void SplitMpeg4Aac(CarverArgs &args);
+    void SplitAv1Aac(CarverArgs &args);
     void SplitH264Lpcm(CarverArgs &args);
     void SplitH264Twos(CarverArgs &args);
     void SplitH264Sowt(CarverArgs &args);

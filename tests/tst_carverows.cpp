@@ -17,6 +17,7 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <algorithm>
 
 namespace {
 
@@ -61,6 +62,9 @@ const Kind kKinds[] = {
     {"m4v_aac", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, {"-c:v", "mpeg4", "-q:v", "5", "-g", "30"},
      "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"},
     {"m4v_aac_tone", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, {"-c:v", "mpeg4", "-q:v", "5", "-g", "30"}},
+    // AV1 (its sound is never carved).
+    {"av1_aac", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0,
+     {"-c:v", "libsvtav1", "-preset", "12", "-g", "30", "-pix_fmt", "yuv420p"}},
     {"x265_twos", "mov", {"-af", "asetnsamples=n=48048", "-c:a", "pcm_s16be", "-ac", "2"}, false, "audio.pcm", 0,
      kX265 + QStringList{"-tag:v", "hvc1"}},
 };
@@ -68,6 +72,34 @@ const Kind kKinds[] = {
 QString cameraLayout(const QString &healthy, double seconds)
 {
     return fixtures::cameraLayout(healthy, seconds, fixtures::packets(healthy).value(1).size() / 4);
+}
+
+QByteArray readAll(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+// The recording without its moov, every video packet behind a temporal
+// delimiter (12 00), as some recorders write AV1; ffmpeg leaves them out.
+QString withDelimiters(const QString &healthy)
+{
+    const QString dest = healthy + ".delimited.mp4";
+    if (QFileInfo(dest).size() > 0)
+        return dest;
+    const QByteArray d = readAll(healthy);
+    QByteArray media;
+    struct Item { quint64 pos, size; bool video; };
+    QList<Item> items;
+    const QVector<QVector<fixtures::Packet>> tracks = fixtures::packets(healthy);
+    for (int t = 0; t < tracks.size(); ++t)
+        for (const fixtures::Packet &p : tracks[t])
+            items << Item{p.pos, p.size, t == 0};
+    std::sort(items.begin(), items.end(), [](const Item &a, const Item &b) { return a.pos < b.pos; });
+    for (const Item &i : items)
+        media += (i.video ? QByteArray("\x12\x00", 2) : QByteArray()) + d.mid(int(i.pos), int(i.size));
+    const int ftyp = int(quint8(d[2])) << 8 | quint8(d[3]);
+    return mov::write(dest, d.left(ftyp) + mov::atom("mdat", media)) ? dest : QString();
 }
 
 const Kind &kind(const char *name)
@@ -163,11 +195,6 @@ Outcome repair(const QString &file, const QString &sample, const QString &work, 
     return o;
 }
 
-QByteArray readAll(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
 
 
 // A unit: its length, the header byte, then filler that holds no 00.
@@ -234,7 +261,7 @@ private Q_SLOTS:
         // Layouts: a frame or two a chunk as ffmpeg writes, and half-second and
         // one-second chunks as cameras write. Sound: what the result holds
         // against its pictures.
-        enum Layout { Ffmpeg, Half, Second };
+        enum Layout { Ffmpeg, Half, Second, Delimited };
         enum Sound { Matches, Lasts, None, HalfOfIt, Any };
         const struct { const char *kind; Layout layout; int cut, frames; Sound sound; } rows[] = {
             // Camera layouts: every frame and all the sound.
@@ -269,13 +296,17 @@ private Q_SLOTS:
             // does; with a sound of other openings frames end late and the sound is lost.
             {"m4v_aac", Ffmpeg, 0, 120, Lasts}, {"m4v_aac", Half, 0, 120, Lasts}, {"m4v_aac", Ffmpeg, 70, 84, Any},
             {"m4v_aac_tone", Half, 0, 105, None},
+            // AV1: groups open at the delimiters in the file; without them only
+            // the first group comes back. No sound, sample with sound or not.
+            {"av1_aac", Delimited, 0, 120, None}, {"av1_aac", Ffmpeg, 0, 1, None},
         };
         for (const auto &row : rows) {
             const Kind &k = kind(row.kind);
             VM_FIXTURE(healthy, recording(k, false));
             VM_FIXTURE(sample, recording(k, true));
-            const QString laid = row.layout == Ffmpeg ? healthy : cameraLayout(healthy, row.layout == Half ? 0.5 : 1.0);
-            const QString damaged = row.cut ? fixtures::cutAt(laid, row.cut) : fixtures::moovRemoved(laid);
+            const QString laid = row.layout == Ffmpeg || row.layout == Delimited ? healthy : cameraLayout(healthy, row.layout == Half ? 0.5 : 1.0);
+            const QString damaged = row.layout == Delimited ? withDelimiters(healthy)
+                                    : row.cut ? fixtures::cutAt(laid, row.cut) : fixtures::moovRemoved(laid);
             const QByteArray before = fixtures::digest(damaged) + fixtures::digest(sample);
             QTemporaryDir work;
             const QString what = QStringLiteral("%1 %2").arg(row.kind, QFileInfo(damaged).fileName());
@@ -630,6 +661,68 @@ private Q_SLOTS:
         QCOMPARE(carve(frame + group + frame, QByteArray(), false).first, frame + group + frame);
     }
 
+    void av1ObusAndFirstRun()
+    {
+        using namespace mov;
+        QTemporaryDir dir;
+        // OBUs: a sequence header, frames with one- and two-byte LEB128 sizes,
+        // a frame header; groups behind delimiters; sound (no 0A, 12 or 32) between.
+        auto obu = [](quint8 type, int payload) {
+            QByteArray o(1, char(type));
+            for (quint32 v = quint32(payload);;) {
+                const quint8 b = v & 0x7F;
+                v >>= 7;
+                o += char(v ? b | 0x80 : b);
+                if (!v)
+                    break;
+            }
+            return o + QByteArray(payload, '\x44');
+        };
+        const QByteArray td("\x12\x00", 2), sound(300, '\x55');
+        const QByteArray seq = obu(0x0A, 11), big = obu(0x32, 1000), small = obu(0x32, 40);
+        const QByteArray media = sound + td + seq + big + sound + td + small + sound + td + big + small + sound;
+        RepairState s;
+        s.strWorkBase = dir.path();
+        carve::Env env{s, nullptr, "a.mp4"};
+        CarverArgs a;
+        a.strSource = dir.filePath("a.mp4");
+        write(a.strSource, ftyp() + atom("mdat", media));
+        QCOMPARE(carve::SplitStreams(carve::Splitter::Av1Aac, a, env).withSound, 0);
+        QCOMPARE(readAll(a.strVideo), td + seq + big + td + small + td + big + small);
+        // An OBU whose size runs past the end: the file's bytes, then zeros, no
+        // more in all than the file holds.
+        const QByteArray cut = td + seq + obu(0x32, 5000).left(600);
+        write(a.strSource, ftyp() + atom("mdat", cut));
+        QDir(dir.filePath("Repaired")).removeRecursively();
+        a = CarverArgs();
+        a.strSource = dir.filePath("a.mp4");
+        carve::SplitStreams(carve::Splitter::Av1Aac, a, env);
+        QVERIFY(readAll(a.strVideo).startsWith(cut));
+        QVERIFY(readAll(a.strVideo).size() <= QFileInfo(dir.filePath("a.mp4")).size() + 2 + seq.size());
+        // The first run: one byte a chunk, every chunk but the last an OBU header.
+        auto file = [&](const QList<char> &firstBytes, quint32 count) {
+            QByteArray m;
+            QByteArray table = zeros(4) + be32(count);
+            for (char c : firstBytes) {
+                table += be32(quint32(ftyp().size() + 8 + m.size()));
+                m += QByteArray(1, c) + QByteArray(40, '\x44');
+            }
+            const QByteArray stbl = atom("stbl", stsd(sampleEntryVideo("av01")) + stts(1000) + atom("stco", table));
+            const QByteArray trak = atom("trak", tkhd(320, 240) + atom("mdia", mdhd(30000) + atom("minf", atom("vmhd", zeros(12)) + stbl)));
+            write(dir.filePath("f.mp4"), ftyp() + atom("mdat", m) + moov({trak}));
+            return dir.filePath("f.mp4");
+        };
+        const struct { QList<char> bytes; quint32 count; bool remux; } runs[] = {
+            {{0x0A, 0x32, 0x32, 0x30}, 4, true}, {{0x12, 0x1A, 0x30, 0x32}, 4, false}, {{0x30, 0x32}, 0, true},
+            {{0x0A}, 1, false}, {{0x0A, 0x32}, 0xFFFFFFFF, false},
+        };
+        for (const auto &r : runs) {
+            CarverArgs f;
+            f.strSource = file(r.bytes, r.count);
+            QVERIFY2((carve::H264FirstRunCheck(carve::Av1CarverRow(), f, env) == carve::FirstRun::Remux) == r.remux, qPrintable(QString::number(r.count)));
+        }
+    }
+
     void badInputEndsInTheFile()
     {
         QByteArray noise(1 << 20, 0);
@@ -644,7 +737,7 @@ private Q_SLOTS:
         using carve::Splitter;
         for (Splitter id : {Splitter::H264Lpcm, Splitter::H264Twos, Splitter::H264Sowt, Splitter::AlawWav, Splitter::UlawWav,
                             Splitter::ImaWav, Splitter::OpusWav, Splitter::Ac3, Splitter::HevcAlawWav, Splitter::HevcLpcm,
-                            Splitter::HevcTwos, Splitter::HevcAac, Splitter::Mpeg4Aac}) {
+                            Splitter::HevcTwos, Splitter::HevcAac, Splitter::Mpeg4Aac, Splitter::Av1Aac}) {
             for (const QByteArray &media : {noise, quiet, QByteArray(1 << 20, '\0'), QByteArray(), huge.repeated(100)}) {
                 const Carved c = carveBytes(id, media, dir.path(), noise.left(300));
                 // Nothing larger than the file comes out (twos may pad a run once).

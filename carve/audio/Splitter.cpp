@@ -7,6 +7,7 @@
 #include "carve/audio/HeadLearning.h"
 #include "carve/audio/HeadList.h"
 #include "carve/audio/MediaWalk.h"
+#include "carve/audio/Av1Splitter.h"
 #include "carve/audio/Mpeg4Splitter.h"
 #include "carve/audio/PositionSplitter.h"
 #include "carve/audio/Mp3Frame.h"
@@ -99,7 +100,7 @@ namespace carve {
 bool SplitterBuilt(Splitter id)
 {
     return id == Splitter::H264Aac || id == Splitter::H264Mp3 || id == Splitter::HevcAac || id == Splitter::Mpeg4Aac ||
-           PositionSplitterBuilt(id);
+           id == Splitter::Av1Aac || PositionSplitterBuilt(id);
 }
 
 Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
@@ -108,6 +109,8 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         return SplitByPosition(id, args, env);
     if (id == Splitter::Mpeg4Aac)
         return SplitMpeg4(args, env);
+    if (id == Splitter::Av1Aac)
+        return SplitAv1(args, env);
     if (!SplitterBuilt(id)) {
         Split out;
         out.outcome = Split::NotBuilt;

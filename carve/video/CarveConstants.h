@@ -21,6 +21,10 @@ constexpr quint64 kEsdsSearch = 65536; // how far the esds's object headers are 
 // MPEG-4 Visual start codes that open a frame: a VOP, a group of VOPs.
 constexpr quint8 kVopStart[4] = {0, 0, 1, 0xB6};
 constexpr quint8 kGovStart[4] = {0, 0, 1, 0xB3};
+// AV1 OBU headers (with a size field) and the temporal delimiter written before each group.
+constexpr quint8 kObuSequenceHeader = 0x0A, kObuFrameHeader = 0x1A, kObuFrame = 0x32;
+constexpr quint8 kAv1Delimiter[2] = {0x12, 0x00};
+constexpr int kLeb128MaxBytes = 8;
 
 // Top-level atoms the media walk steps over by their size.
 constexpr const char *kSkipTags[] = {"free", "wide", "pict", "meta", "meco", "uuid", "pdin", "moov", "ftyp", "skip"};

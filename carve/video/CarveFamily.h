@@ -52,6 +52,7 @@ enum class EntryRule {
     FirstByte, // H.264: the first chunk begins with 00
     HevcLpcm,  // HEVC: every chunk begins like a unit of the LPCM header set
     HevcAac,   // HEVC: the same with the AAC chain's wide set
+    Av1Obu,    // AV1: every chunk but the last opens with an OBU header (stco; co64 as H.264)
 };
 
 struct CarverRow
@@ -69,6 +70,7 @@ struct CarverRow
     bool hevc = false;                         // "hvcC" and "/video.hevc" in place of "avcC" and "/video.h264"
     EntryRule entryRule = EntryRule::FirstByte;
     bool mpeg4 = false;                        // "esds" and "/video.m4v": object headers, no unit signatures
+    bool av1 = false;                          // "/video.Av01", nothing taken from the sample's video
 };
 
 const LearnerRow &LearnerOf(Learner id);

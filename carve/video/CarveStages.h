@@ -41,6 +41,8 @@ const CarverRow &H264CarverRow(quint32 formatCode);
 const CarverRow &HevcCarverRow(quint32 formatCode);
 // --- MPEG-4 Visual (FormatCode 7) ---
 const CarverRow &Mpeg4CarverRow();
+// --- AV1 (FormatCode 15) ---
+const CarverRow &Av1CarverRow();
 
 enum class FirstRun { Remux, Failed };
 // The first run, without a sample: does the damaged file's own index point at

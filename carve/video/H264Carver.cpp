@@ -45,6 +45,9 @@ const CarverRow kHevcCarvers[] = {
 const CarverRow kMpeg4Carver = {"CarveMpeg4Video", 7, false, false, true, false, false, false, Finaliser::Mpeg4,
                                 Learner::Mpeg4Aac, false, EntryRule::FirstByte, true};
 
+const CarverRow kAv1Carver = {"CarveAv1Video", 15, false, false, true, false, false, false, Finaliser::Av1,
+                              Learner::Av1Aac, false, EntryRule::Av1Obu, false, true};
+
 // The header bytes (b4) of the HEVC first-run rule; the AAC set also takes 00 01.
 bool hevcEntryOpens(EntryRule rule, const quint8 *b)
 {
@@ -101,6 +104,7 @@ const CarverRow &H264CarverRow(quint32 code)
 }
 
 const CarverRow &Mpeg4CarverRow() { return kMpeg4Carver; }
+const CarverRow &Av1CarverRow() { return kAv1Carver; }
 
 const CarverRow &HevcCarverRow(quint32 code)
 {
@@ -202,7 +206,26 @@ FirstRun H264FirstRunCheck(const CarverRow &row, CarverArgs &args, Env &env)
                 continue;
             // The chunk table: does its first chunk begin like a length prefix?
             s.nChunkCount = f.be32(P + 8);
-            if (row.entryRule != EntryRule::FirstByte) {
+            if (row.entryRule == EntryRule::Av1Obu && !co64) {
+                // AV1: one byte an entry, every entry but the last an OBU header
+                // (sequence header, temporal delimiter, frame header, frame).
+                // A count of 0 passes at once; 1 leaves the table undecided.
+                if (s.nChunkCount == 1) {
+                    tableMet = true;
+                    break;
+                }
+                // A table longer than the file reads zeros past it, and fails there.
+                const quint64 count = qMin<quint64>(s.nChunkCount, (s.ullFileSize - qMin(P + 12, s.ullFileSize)) / 4 + 2);
+                for (quint64 i = 0; i + 1 < count && !s.bStopRepair; ++i) {
+                    switch (f.u8(f.be32(P + 12 + 4 * i))) {
+                    case 0x0A: case 0x12: case 0x1A: case 0x32: continue;
+                    default: return fail();
+                    }
+                }
+                s.bSampleHasAudio = true;
+                return remux();
+            }
+            if (row.entryRule == EntryRule::HevcLpcm || row.entryRule == EntryRule::HevcAac) {
                 // HEVC with signatures: every chunk must open like a unit. The
                 // walk steps 4 bytes an entry, in a co64 too (whose entries are
                 // 8 bytes wide), as it always has. Reading an entry again
@@ -250,8 +273,10 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
     const bool opened = args.fpSample->open(args.strSample);
     BufferedReader &f = *args.fpSample;
     s.ullFileSize = env.fileLeft = f.size();
-    args.strVideo = workfiles::PathIn(s.strWorkBase, row.mpeg4 ? workfiles::kVideoM4v
-                                                  : row.hevc ? workfiles::kVideoHevc : workfiles::kVideoH264);
+    args.strVideo = workfiles::PathIn(s.strWorkBase, row.av1     ? workfiles::kVideoAv1
+                                                  : row.mpeg4 ? workfiles::kVideoM4v
+                                                  : row.hevc  ? workfiles::kVideoHevc
+                                                              : workfiles::kVideoH264);
     args.strVideoHeads = workfiles::PathIn(s.strWorkBase, workfiles::kVideoHeads);
     args.strIndexing = workfiles::PathIn(s.strWorkBase, workfiles::kIndexing);
     QFile *video = openWork(args.fpVideo, args.strVideo);
@@ -373,6 +398,8 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                 }
             } else if (s.bInVideoTrak && f.tagAt(P, "stsz")) {
                 s.nSampleFrames = f.be32(P + 12);
+            } else if (s.bInVideoTrak && row.av1 && f.tagAt(P, "stsd")) {
+                // Nothing of AV1's configuration is taken.
             } else if (s.bInVideoTrak && row.mpeg4 && f.tagAt(P, "stsd")) {
                 video->seek(0);
                 video->write(esdsHead(P));
@@ -406,7 +433,7 @@ void HarvestH264Sample(const CarverRow &row, CarverArgs &args, Env &env)
                     if (indexing)
                         indexing->write(head);
                 }
-            } else if (s.bInVideoTrak && row.mpeg4 && (f.tagAt(P, "stco") || f.tagAt(P, "co64"))) {
+            } else if (s.bInVideoTrak && (row.mpeg4 || row.av1) && (f.tagAt(P, "stco") || f.tagAt(P, "co64"))) {
                 // No signatures of video in this chain: the table ends the search.
                 s.bInVideoTrak = false;
                 tableDone = true;
