@@ -161,7 +161,6 @@ void ThreadVideoRepair::BuildOpusWav(CarverArgs &args) { RunSplitter(Splitter::O
 void ThreadVideoRepair::BuildHevcAlawWav(CarverArgs &args) { RunSplitter(Splitter::HevcAlawWav, args); }
 void ThreadVideoRepair::BuildHevcUlawWav(CarverArgs &args) { RunSplitter(Splitter::HevcUlawWav, args); }
 
-#undef VM_STAGE_ENV
 
 #define VM_H264_ENTRY(name, code) \
     void ThreadVideoRepair::name(CarverArgs &args) { CarveH264(code, args); }
@@ -185,3 +184,28 @@ VM_HEVC_ENTRY(CarveHevcWithAlaw, 11)
 VM_HEVC_ENTRY(CarveHevcWithLpcm, 12)
 VM_HEVC_ENTRY(CarveHevcWithUlaw, 13)
 #undef VM_HEVC_ENTRY
+
+void ThreadVideoRepair::CarveMpegPsInMov(CarverArgs &args)
+{
+    RepairState &s = pApp;
+    s.bMuxedResult = s.bMuxStageRan = s.bListMuxedFiles = true;
+    strFileName = QFileInfo(args.strSource).fileName();
+    strCarvedName = strFileName;
+    VM_STAGE_ENV;
+    if (!s.bSampleRun) {
+        MpegPsFirstRun(args, env);
+        s.lstMuxedFiles << workfiles::EnsureWorkFolder() + "/" + strFileName;
+        strOutputPath = s.lstMuxedFiles.last();
+        RunFinaliser(Finaliser::MpegPs, args);
+        return;
+    }
+    const Split split = SplitMpegPsInMov(args, env);
+    if (split.outcome == Split::Muxable && !s.bStopRepair) {
+        s.carve.carved = true;
+        RunMuxStage(mux::StageId::MpegPs, args);
+    } else if (split.outcome != Split::WriteFailed) {
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
+    }
+}
+
+#undef VM_STAGE_ENV

@@ -723,6 +723,32 @@ private Q_SLOTS:
         }
     }
 
+    void programStreamUnderAMovName()
+    {
+        // MPEG-2 video and MP2 as a VOB, named .mov: the first run copies the
+        // pictures; the sample run's streams hold every video payload (the
+        // first run of them twice), so the video ends as ffmpeg's own copy does.
+        const QString ps = fixtures::dir() + "/ps_in_mov.mov";
+        if (!QFileInfo::exists(ps))
+            QVERIFY(run({"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=25:duration=4", "-f", "lavfi", "-i",
+                         "anoisesrc=d=4:c=pink:a=0.2:r=48000:seed=1", "-c:v", "mpeg2video", "-q:v", "4", "-c:a", "mp2", "-f",
+                         "vob", ps}));
+        QTemporaryDir work;
+        const Outcome first = repair(ps, QString(), work.path());
+        QVERIFY2(first.status == "Completed" && first.frames == 100, qPrintable(first.status));
+        RepairState s;
+        s.strWorkBase = work.path();
+        carve::Env env{s, nullptr, "ps_in_mov.mov"};
+        CarverArgs a;
+        a.strSource = ps;
+        QCOMPARE(carve::SplitMpegPsInMov(a, env).outcome, carve::Split::Muxable);
+        QByteArray own;
+        QVERIFY(run({"-i", ps, "-map", "0:v", "-c:v", "copy", "-f", "mpeg2video", "-"}, &own));
+        const QByteArray video = readAll(a.strVideo);
+        QVERIFY(video.size() > own.size() && video.endsWith(own.right(own.size() / 2)));
+        QVERIFY(readAll(a.strAudio).size() > 90000); // 4 s of 192 kbit/s
+    }
+
     void badInputEndsInTheFile()
     {
         QByteArray noise(1 << 20, 0);

@@ -25,6 +25,9 @@ constexpr quint8 kGovStart[4] = {0, 0, 1, 0xB3};
 constexpr quint8 kObuSequenceHeader = 0x0A, kObuFrameHeader = 0x1A, kObuFrame = 0x32;
 constexpr quint8 kAv1Delimiter[2] = {0x12, 0x00};
 constexpr int kLeb128MaxBytes = 8;
+// MPEG program stream start codes (00 00 01 and this byte): pack, video and audio packets.
+constexpr quint8 kPackStart = 0xBA, kVideoPes = 0xE0, kAudioPes = 0xC0;
+constexpr quint64 kPsLook = 65536; // how far in the first pack is looked for
 
 // Top-level atoms the media walk steps over by their size.
 constexpr const char *kSkipTags[] = {"free", "wide", "pict", "meta", "meco", "uuid", "pdin", "moov", "ftyp", "skip"};

@@ -81,4 +81,10 @@ bool SplitterBuilt(Splitter id);
 // heads: the audio head list to walk; nullptr reads "/AudioUNIQUEfile.txt".
 Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *heads = nullptr);
 
+// --- A program stream under an atom file's name (FormatCode 2) ---
+// First run: whether the pack start stands at the first position.
+bool MpegPsFirstRun(CarverArgs &args, Env &env);
+// Sample run: the payloads of the video and audio packets into two streams.
+Split SplitMpegPsInMov(CarverArgs &args, Env &env);
+
 } // namespace carve
