@@ -22,25 +22,9 @@ Split SplitAv1(CarverArgs &args, Env &env)
     const std::atomic<bool> &stop = s.bStopRepair;
     // Cleared before it is asked: the route without sound always runs.
     s.bSampleHasAudio = false;
-    workfiles::EnsureWorkFolderIn(s.strWorkBase);
-    if (args.strVideo.isEmpty())
-        args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoAv1);
-    if (!args.fpVideo) {
-        args.fpVideo.reset(new QFile(args.strVideo));
-        args.fpVideo->open(QIODevice::ReadWrite);
-    }
-    args.fpSource.reset(new BufferedReader);
-    args.fpSource->open(args.strSource);
-    BufferedReader &f = *args.fpSource;
-    const quint64 size = s.ullFileSize = f.size();
-    if (env.progress)
-        env.progress->setRange(100);
-    int lastPercent = -1;
-    auto progress = [&](quint64 p) {
-        const int pc = size ? int(qMin(p, size) * 100 / size) : 100;
-        if (pc != lastPercent && env.progress)
-            env.progress->setValue(lastPercent = pc);
-    };
+    BufferedReader &f = OpenSplit(args, s, workfiles::kVideoAv1);
+    const quint64 size = s.ullFileSize;
+    PercentProgress progress(env.progress, size);
     StreamOut video(args.fpVideo.get(), !env.plainWalk);
     auto delimiter = [&] { video.write(kAv1Delimiter, sizeof kAv1Delimiter); };
     // The OBU at p, whole: header, LEB128 size, payload. What runs past the end
@@ -161,11 +145,8 @@ Split SplitAv1(CarverArgs &args, Env &env)
     args.fpSource.reset();
     Split out;
     out.withSound = 0;
-    if (video.error()) {
-        s.carve.failReason = QStringLiteral("Could not write the carved video stream: %1").arg(video.errorText());
-        s.carve.fail(outcome::Why::WriteFailed, video.errorText());
+    if (StreamsFailed(&video, nullptr, s, env.fileName))
         out.outcome = Split::WriteFailed;
-    }
     return out;
 }
 

@@ -1,5 +1,11 @@
 #include "carve/audio/MediaWalk.h"
 
+#include "carve/audio/StreamOut.h"
+#include "carve/video/WorkFiles.h"
+#include "repair/RepairState.h"
+
+#include <QtDebug>
+
 #include <cstring>
 
 namespace carve {
@@ -58,6 +64,33 @@ bool IsPadding(BufferedReader &f, quint64 p, int n)
     for (int i = 1; i < n; ++i)
         if (b[i] != b[0])
             return false;
+    return true;
+}
+
+BufferedReader &OpenSplit(CarverArgs &args, RepairState &s, const char *videoFile)
+{
+    workfiles::EnsureWorkFolderIn(s.strWorkBase);
+    if (args.strVideo.isEmpty())
+        args.strVideo = workfiles::PathIn(s.strWorkBase, videoFile);
+    if (!args.fpVideo) {
+        args.fpVideo.reset(new QFile(args.strVideo));
+        args.fpVideo->open(QIODevice::ReadWrite);
+    }
+    args.fpSource.reset(new BufferedReader);
+    args.fpSource->open(args.strSource);
+    s.ullFileSize = args.fpSource->size();
+    return *args.fpSource;
+}
+
+bool StreamsFailed(const StreamOut *video, const StreamOut *sound, RepairState &s, const QString &fileName)
+{
+    const StreamOut *failed = video && video->error() ? video : sound && sound->error() ? sound : nullptr;
+    if (!failed)
+        return false;
+    s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
+                             .arg(failed == video ? QStringLiteral("video") : QStringLiteral("sound"), failed->errorText());
+    qWarning().noquote() << s.carve.failReason << "(" << fileName << ")";
+    s.carve.fail(outcome::Why::WriteFailed, failed->errorText());
     return true;
 }
 

@@ -4,9 +4,14 @@
 // an atom met in the media data really encloses what its size says.
 
 #include "carve/video/CarveConstants.h"
+#include "carve/video/CarverArgs.h"
 #include "repair/BufferedReader.h"
+#include "repair/StageProgress.h"
 
 #include <atomic>
+
+struct RepairState;
+class StreamOut;
 
 namespace carve {
 
@@ -42,5 +47,35 @@ inline const quint8 *BytesAt(BufferedReader &f, quint64 p, quint8 *tmp, size_t n
     f.readAt(p, tmp, n);
     return tmp;
 }
+
+// The plumbing every splitter shares: the video work file (named `videoFile`
+// unless a stage before named it) and the damaged file opened, the progress
+// in percent, and the verdict on streams that lost bytes on the way to disk.
+BufferedReader &OpenSplit(CarverArgs &args, RepairState &s, const char *videoFile);
+
+class PercentProgress
+{
+public:
+    PercentProgress(StageProgress *progress, quint64 size, bool setRange = true) : m_progress(progress), m_size(size)
+    {
+        if (m_progress && setRange)
+            m_progress->setRange(100);
+    }
+    void operator()(quint64 pos)
+    {
+        const int pc = m_size ? int(qMin(pos, m_size) * 100 / m_size) : 100;
+        if (pc != m_last && m_progress)
+            m_progress->setValue(m_last = pc);
+    }
+
+private:
+    StageProgress *m_progress;
+    quint64 m_size;
+    int m_last = -1;
+};
+
+// True, with the reason noted, when the video or the sound stream (either
+// may be null) lost bytes: such streams make no result.
+bool StreamsFailed(const StreamOut *video, const StreamOut *sound, RepairState &s, const QString &fileName);
 
 } // namespace carve

@@ -29,17 +29,8 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
 {
     RepairState &s = env.state;
     const std::atomic<bool> &stop = s.bStopRepair;
-    workfiles::EnsureWorkFolderIn(s.strWorkBase);
-    if (args.strVideo.isEmpty())
-        args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoM4v);
-    if (!args.fpVideo) {
-        args.fpVideo.reset(new QFile(args.strVideo));
-        args.fpVideo->open(QIODevice::ReadWrite);
-    }
-    args.fpSource.reset(new BufferedReader);
-    args.fpSource->open(args.strSource);
-    BufferedReader &f = *args.fpSource;
-    const quint64 size = s.ullFileSize = f.size();
+    BufferedReader &f = OpenSplit(args, s, workfiles::kVideoM4v);
+    const quint64 size = s.ullFileSize;
     const bool withSound = s.bSampleHasAudio;
     if (args.strAudio.isEmpty())
         args.strAudio = workfiles::PathIn(s.strWorkBase, workfiles::kAudioAac);
@@ -67,14 +58,7 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         const quint32 v = quint32(b[0]) << 16 | quint32(b[1]) << 8 | b[2];
         return (known[v >> 6] >> (v & 63)) & 1;
     };
-    int lastPercent = -1;
-    auto progress = [&](quint64 p) {
-        const int pc = size ? int(qMin(p, size) * 100 / size) : 100;
-        if (pc != lastPercent && env.progress)
-            env.progress->setValue(lastPercent = pc);
-    };
-    if (env.progress)
-        env.progress->setRange(100);
+    PercentProgress progress(env.progress, size);
     auto writeAac = [&](quint64 from, quint64 n) {
         if (n > audio::kMaxAdtsPayload)
             n = s.nAvgAudioFrame <= audio::kMaxAdtsPayload ? s.nAvgAudioFrame : audio::kFallbackFrame;
@@ -212,14 +196,8 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
     Split out;
     out.withSound = withSound ? 1 : 0;
     s.bSampleHasAudio = false;
-    const StreamOut *failed = video.error() ? &video : sound.error() ? &sound : nullptr;
-    if (failed) {
-        s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
-                                 .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
-                                      failed->errorText());
-        s.carve.fail(outcome::Why::WriteFailed, failed->errorText());
+    if (StreamsFailed(&video, &sound, s, env.fileName))
         out.outcome = Split::WriteFailed;
-    }
     return out;
 }
 

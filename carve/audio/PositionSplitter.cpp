@@ -128,20 +128,13 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
 
     const QByteArray paramSets = readWhole(args.strIndexing, s.nIndexingPos);
     s.nIndexingSize = quint64(QFileInfo(args.strIndexing).size());
-    if (args.strVideo.isEmpty())
-        args.strVideo = PathIn(s.strWorkBase, row.videoFile);
-    if (!args.fpVideo) {
-        args.fpVideo.reset(new QFile(args.strVideo));
-        args.fpVideo->open(QIODevice::ReadWrite);
-    }
+
     // The sound goes to the row's own file, made anew.
     args.strAudio = PathIn(s.strWorkBase, row.audioFile);
     args.fpAudio.reset(new QFile(args.strAudio));
     args.fpAudio->open(QIODevice::ReadWrite | QIODevice::Truncate);
-    args.fpSource.reset(new BufferedReader);
-    args.fpSource->open(args.strSource);
-    BufferedReader &f = *args.fpSource;
-    const quint64 size = s.ullFileSize = f.size();
+    BufferedReader &f = OpenSplit(args, s, row.videoFile);
+    const quint64 size = s.ullFileSize;
     const bool withSound = s.bSampleHasAudio;
     s.bMediaFound = s.bAudioFirst = false;
 
@@ -162,14 +155,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     const FrameTest &test = FrameTestOf(row.chain);
     // The set that finds the first unit of the file; test.first ends a gap.
     const NalSet &firstSet = test.gapOnly ? test.run : test.first;
-    if (env.progress)
-        env.progress->setRange(100);
-    int lastPercent = -1;
-    auto progress = [&](quint64 p) {
-        const int pc = size ? int(qMin(p, size) * 100 / size) : 100;
-        if (pc != lastPercent && env.progress)
-            env.progress->setValue(lastPercent = pc);
-    };
+    PercentProgress progress(env.progress, size);
 
     auto nal = [&](const NalSet &set, quint64 p) {
         quint8 t[6];
@@ -549,13 +535,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     args.fpSource.reset();
     s.bSampleHasAudio = false;
     out.withSound = withSound ? 1 : 0;
-    const StreamOut *failed = video.error() ? &video : sound.error() ? &sound : nullptr;
-    if (failed) {
-        s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
-                                 .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
-                                      failed->errorText());
-        qWarning().noquote() << s.carve.failReason << "(" << env.fileName << ")";
-        s.carve.fail(outcome::Why::WriteFailed, failed->errorText());
+    if (StreamsFailed(&video, &sound, s, env.fileName)) {
         out.outcome = Split::WriteFailed;
         return out;
     }

@@ -130,16 +130,8 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         }
     }
     int nChains = 0, nAudioRuns = -1;
-    if (args.strVideo.isEmpty())
-        args.strVideo = workfiles::PathIn(s.strWorkBase, workfiles::kVideoH264);
-    if (!args.fpVideo) {
-        args.fpVideo.reset(new QFile(args.strVideo));
-        args.fpVideo->open(QIODevice::ReadWrite);
-    }
-    args.fpSource.reset(new BufferedReader);
-    args.fpSource->open(args.strSource);
-    BufferedReader &f = *args.fpSource;
-    const quint64 size = s.ullFileSize = f.size();
+    BufferedReader &f = OpenSplit(args, s, workfiles::kVideoH264);
+    const quint64 size = s.ullFileSize;
     const bool withSound = s.bSampleHasAudio;
     s.bMediaFound = s.bAudioFirst = false;
 
@@ -158,15 +150,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         ++s.carve.videoUnits;
         s.carve.claimedBytes += len + 4;
     };
-    int lastPercent = -1;
-    auto progress = [&](quint64 p) {
-        const int pc = size ? int(qMin<quint64>(p, size) * 100 / size) : 100;
-        if (pc != lastPercent) {
-            lastPercent = pc;
-            if (env.progress)
-                env.progress->setValue(pc);
-        }
-    };
+    PercentProgress progress(env.progress, size, false); // the range is set where the walk with sound begins
     auto finishFiles = [&] {
         video.detach();
         args.fpVideo.reset();
@@ -177,17 +161,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     };
     // A stream that lost bytes on the way to the disk makes no result: the
     // work files go, the reason is noted, and ffmpeg isn't asked.
-    auto writesFailed = [&](const StreamOut *audioStream) {
-        const StreamOut *failed = video.error() ? &video : audioStream && audioStream->error() ? audioStream : nullptr;
-        if (!failed)
-            return false;
-        s.carve.failReason = QStringLiteral("Could not write the carved %1 stream: %2")
-                                 .arg(failed == &video ? QStringLiteral("video") : QStringLiteral("sound"),
-                                      failed->errorText());
-        qWarning().noquote() << s.carve.failReason << "(" << env.fileName << ")";
-        s.carve.fail(outcome::Why::WriteFailed, failed->errorText());
-        return true;
-    };
+    auto writesFailed = [&](const StreamOut *audioStream) { return StreamsFailed(&video, audioStream, s, env.fileName); };
 
     // An atom met in the walk counts only when its size keeps it inside the
     // atom around it (the media data) or the file; else its tag is a chance
