@@ -56,13 +56,7 @@ Split SplitAv1(CarverArgs &args, Env &env)
     span.end = span.fileSize = size;
     quint64 pos = TopLevelWalk(f, span, true, stop);
     s.carve.mediaBytes = size - qMin(pos, size);
-    auto atomAt = [&](quint64 p) -> quint64 {
-        if (IsSkipTag(f, p + 4) && span.fits(p, f.be32(p)))
-            return f.be32(p);
-        if (f.tagAt(p + 4, "mdat"))
-            return f.be32(p) == 1 ? 16 : 8;
-        return 0;
-    };
+    auto atomAt = [&](quint64 p) { return AtomStep(f, span, p); };
     // Where the OBU at p ends (its LEB128 size read), or 0 past the file.
     auto obuEnd = [&](quint64 p) -> quint64 {
         quint64 payload = 0;

@@ -1,5 +1,7 @@
 #include "carve/audio/MediaWalk.h"
 
+#include "carve/audio/Adts.h"
+#include "carve/audio/AudioConstants.h"
 #include "carve/audio/StreamOut.h"
 #include "carve/video/WorkFiles.h"
 #include "repair/RepairState.h"
@@ -80,6 +82,30 @@ BufferedReader &OpenSplit(CarverArgs &args, RepairState &s, const char *videoFil
     args.fpSource->open(args.strSource);
     s.ullFileSize = args.fpSource->size();
     return *args.fpSource;
+}
+
+quint64 AtomStep(BufferedReader &f, const MediaSpan &span, quint64 p)
+{
+    if (IsSkipTag(f, p + 4) && span.fits(p, f.be32(p)))
+        return f.be32(p);
+    if (f.tagAt(p + 4, "mdat"))
+        return f.be32(p) == 1 ? kAtomHeader + 8 : kAtomHeader;
+    return 0;
+}
+
+bool WriteAdtsFrame(StreamOut &out, BufferedReader &f, quint64 from, quint64 n, RepairState &s, int variant)
+{
+    if (!adts::BuildAdtsHeader(s, quint32(n), adts::Variant(variant)))
+        return false;
+    quint8 h[audio::kAdtsHeaderBytes];
+    for (int i = 0; i < audio::kAdtsHeaderBytes; ++i)
+        h[i] = quint8(s.nAdtsBytes[i]);
+    out.write(h, sizeof h);
+    out.copy(f, from, n);
+    ++s.carve.soundFrames;
+    s.carve.soundBytes += n;
+    s.carve.claimedBytes += n;
+    return true;
 }
 
 bool StreamsFailed(const StreamOut *video, const StreamOut *sound, RepairState &s, const QString &fileName)

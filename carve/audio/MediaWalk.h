@@ -36,6 +36,10 @@ bool IsSkipTag(BufferedReader &f, quint64 p);
 // (so 15 or 16) elsewhere.
 quint64 TopLevelWalk(BufferedReader &f, MediaSpan &span, bool videoOnlyBranch, const std::atomic<bool> &stop);
 
+// The size of the top-level atom whose tag stands at p + 4 ("mdat": its
+// header only, 8 or 16 bytes), or 0 where none that fits stands.
+quint64 AtomStep(BufferedReader &f, const MediaSpan &span, quint64 p);
+
 // The n bytes at p all 0 or all 0xFF (n at most kPaddingOuter).
 bool IsPadding(BufferedReader &f, quint64 p, int n);
 
@@ -73,6 +77,11 @@ private:
     quint64 m_size;
     int m_last = -1;
 };
+
+// An AAC frame of n bytes from `from`, behind the ADTS header of the variant
+// for that length; counted in the state's report. False when the sample's
+// rate has no ADTS index.
+bool WriteAdtsFrame(StreamOut &out, BufferedReader &f, quint64 from, quint64 n, RepairState &s, int variant);
 
 // True, with the reason noted, when the video or the sound stream (either
 // may be null) lost bytes: such streams make no result.

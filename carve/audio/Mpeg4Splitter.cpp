@@ -62,16 +62,8 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
     auto writeAac = [&](quint64 from, quint64 n) {
         if (n > audio::kMaxAdtsPayload)
             n = s.nAvgAudioFrame <= audio::kMaxAdtsPayload ? s.nAvgAudioFrame : audio::kFallbackFrame;
-        if (!n || !adts::BuildAdtsHeader(s, quint32(n), adts::Variant::Mpeg4))
-            return;
-        quint8 h[audio::kAdtsHeaderBytes];
-        for (int i = 0; i < audio::kAdtsHeaderBytes; ++i)
-            h[i] = quint8(s.nAdtsBytes[i]);
-        sound.write(h, sizeof h);
-        sound.copy(f, from, n);
-        ++s.carve.soundFrames;
-        s.carve.soundBytes += n;
-        s.carve.claimedBytes += n;
+        if (n)
+            WriteAdtsFrame(sound, f, from, n, s, int(adts::Variant::Mpeg4));
     };
     // The first position from p where test holds for the bytes there; `size`
     // when none. Positions whose first byte can't start a match are passed over
@@ -127,13 +119,7 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         ++pos;
     }
     s.bMediaFound = found;
-    auto atomAt = [&](quint64 p) -> quint64 {
-        if (IsSkipTag(f, p + 4) && span.fits(p, f.be32(p)))
-            return f.be32(p);
-        if (f.tagAt(p + 4, "mdat"))
-            return f.be32(p) == 1 ? 16 : 8;
-        return 0;
-    };
+    auto atomAt = [&](quint64 p) { return AtomStep(f, span, p); };
     while (found && pos < size && !stop) {
         if (const quint64 skip = atomAt(pos)) {
             pos += skip;

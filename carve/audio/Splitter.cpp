@@ -442,16 +442,7 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         return n;
     };
     auto writeAdts = [&](quint64 start, quint64 n) {
-        n = frameLength(n);
-        adts::BuildAdtsHeader(s, quint32(n));
-        quint8 h[audio::kAdtsHeaderBytes];
-        for (int i = 0; i < audio::kAdtsHeaderBytes; ++i)
-            h[i] = quint8(s.nAdtsBytes[i]);
-        audioOut.write(h, sizeof h);
-        audioOut.copy(f, start, n);
-        ++s.carve.soundFrames;
-        s.carve.soundBytes += n;
-        s.carve.claimedBytes += n;
+        WriteAdtsFrame(audioOut, f, start, frameLength(n), s, int(adts::Variant::H264Hevc));
     };
 
     enum class State { First, Video, Audio, Choice, End };
