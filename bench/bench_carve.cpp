@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <cstdio>
+#include <tuple>
 #include <sys/resource.h>
 
 #include "bench/BenchSupport.h"
@@ -129,11 +130,21 @@ struct SoundKind
     bool p61;
     const char *carved; // the work file of the sound
     double bytesPerSecond;
+    QStringList video;  // another encoder for clip and sample (the H.264 clip's pictures otherwise)
+    const char *stream; // the work file of the pictures
 };
+const QStringList kAacCodec = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
 const SoundKind kSounds[] = {
-    {"aac", {}, false, "audio.aac", 0},
-    {"lpcm", {"-af", "asetnsamples=n=48000", "-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 576000},
-    {"sowt", {"-af", "asetnsamples=n=24000", "-c:a", "pcm_s16le", "-ar", "48000", "-ac", "2"}, true, "audio.wav", 192000},
+    {"aac", {}, false, "audio.aac", 0, {}, "video.h264"},
+    {"lpcm", {"-af", "asetnsamples=n=48000", "-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 576000, {},
+     "video.h264"},
+    {"sowt", {"-af", "asetnsamples=n=24000", "-c:a", "pcm_s16le", "-ar", "48000", "-ac", "2"}, true, "audio.wav", 192000, {},
+     "video.h264"},
+    {"hevc", kAacCodec, false, "audio.aac", 0,
+     {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error:bframes=0:open-gop=0", "-b:v", "8M",
+      "-pix_fmt", "yuv420p", "-tag:v", "hvc1"},
+     "video.hevc"},
+    {"mpeg4", kAacCodec, false, "audio.aac", 0, {"-c:v", "mpeg4", "-b:v", "8M", "-g", "30"}, "video.m4v"},
 };
 
 // from's pictures (P slices rewritten for p61) with seconds of new sound.
@@ -174,7 +185,7 @@ int main(int argc, char **argv)
         if (argc == 3 && qstrcmp(argv[2], k.name) == 0)
             kind = &k;
     if (argc < 2 || !kind) {
-        std::fprintf(stderr, "usage: vm-bench-carve FOLDER [aac|lpcm|sowt]\n");
+        std::fprintf(stderr, "usage: vm-bench-carve FOLDER [aac|lpcm|sowt|hevc|mpeg4]\n");
         return 2;
     }
     const QString dir = QString::fromLocal8Bit(argv[1]);
@@ -194,7 +205,18 @@ int main(int argc, char **argv)
         return 1;
     if (kind != &kSounds[0]) {
         const QString base = dir + "/bench-" + kind->name;
-        if (!withSound(*kind, clip, base + "-clip.mov", 30, 1) || !withSound(*kind, sample, base + "-sample.mov", 20, 7))
+        // Other pictures: clip and sample made with the kind's encoder.
+        for (const auto &[out, source, noise] : {std::tuple<QString, QString, QString>{
+                                                      base + "-clip.mov", "testsrc2=size=1280x720:rate=30:duration=30",
+                                                      "anoisesrc=d=30:c=pink:a=0.2:r=48000"},
+                                                  {base + "-sample.mov", "smptebars=size=1280x720:rate=30:duration=20",
+                                                   "anoisesrc=d=20:c=pink:a=0.2:r=48000:seed=7"}})
+            if (!kind->video.isEmpty() && !QFile::exists(out) &&
+                !ffmpeg(QStringList{"-f", "lavfi", "-i", source, "-f", "lavfi", "-i", noise} + kind->video + kind->audio +
+                        QStringList{out}))
+                return 1;
+        if (kind->video.isEmpty() &&
+            (!withSound(*kind, clip, base + "-clip.mov", 30, 1) || !withSound(*kind, sample, base + "-sample.mov", 20, 7)))
             return 1;
         clip = base + "-clip.mov";
         sample = base + "-sample.mov";
@@ -212,13 +234,16 @@ int main(int argc, char **argv)
     const quint64 expected = quint64(videoPackets(clip)) * copiesFor(payload, 1000000000ULL);
     // The carve alone: ffmpeg is kept out of reach, so the mux stage runs no command.
     mux::SetKeepWorkFiles(true);
+    const QByteArray path = qgetenv("PATH");
     const double secs = bench::timedRepair(big, sample, dir);
+    qputenv("PATH", path); // ffprobe counts what came out
     const double mb = QFileInfo(big).size() / 1e6;
     struct rusage ru;
     getrusage(RUSAGE_SELF, &ru);
-    const qint64 video = QFileInfo(dir + "/Repaired/video.h264").size();
+    const QString stream = dir + "/Repaired/" + kind->stream;
+    const qint64 video = QFileInfo(stream).size();
     const qint64 audio = QFileInfo(dir + "/Repaired/" + kind->carved).size();
-    const quint64 frames = countFrames(dir + "/Repaired/video.h264");
+    const quint64 frames = kind->video.isEmpty() ? countFrames(stream) : quint64(videoPackets(stream));
     const double sound = kind->bytesPerSecond > 0 ? audio / kind->bytesPerSecond
                                                   : countAdtsFrames(dir + "/Repaired/audio.aac") * 1024.0 / 48000;
     std::printf("carve %s:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB, "

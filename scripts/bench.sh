@@ -38,8 +38,9 @@ grep -v "^Making" "$dir/carve.log" || true
 grep "^carve aac:" "$dir/carve.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s") r = $(i - 1); if (r > m) m = r }
   END { printf "carve:  best of 3 = %d MB/s\n", m }'
 # The carve of recordings with PCM sound between runs of frames (LPCM at
-# 96 kHz, sowt at 48 kHz), the main clip's pictures with new sound; best of two.
-for kind in lpcm sowt; do
+# 96 kHz, sowt at 48 kHz), the main clip's pictures with new sound, and of
+# HEVC and MPEG-4 recordings with AAC; best of two.
+for kind in lpcm sowt hevc mpeg4; do
   "$bin/bench/vm-bench-carve" "$dir" "$kind" > "$dir/carve-$kind.log" 2>&1 || { cat "$dir/carve-$kind.log"; exit 1; }
   catspeed "$dir/bench-$kind-1g.mov"
   "$bin/bench/vm-bench-carve" "$dir" "$kind" >> "$dir/carve-$kind.log" 2>&1
