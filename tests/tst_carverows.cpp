@@ -285,9 +285,8 @@ private Q_SLOTS:
             {"pcm_sowt", Ffmpeg, 0, 4, Any},
             // libx264's defaults: B-frames, and P slices (41) that the sowt set lacks.
             {"pcm_sowt_x264", Half, 0, 4, Any}, {"pcm_alaw_x264", Half, 0, 113, Any}, {"pcm_ac3_x264", Ffmpeg, 0, 118, Matches},
-            // HEVC. With AAC the built-in openings of HEVC cameras' sound split a
-            // few frames of this sound in two: it lasts as long, a few frames don't decode.
-            {"x265_aac", Half, 0, 120, Lasts}, {"x265_aac_hev1", Second, 0, 120, Lasts}, {"x265_lpcm", Half, 0, 120, Matches},
+            // HEVC.
+            {"x265_aac", Half, 0, 120, Matches}, {"x265_aac_hev1", Second, 0, 120, Matches}, {"x265_lpcm", Half, 0, 120, Matches},
             {"x265_alaw", Half, 0, 120, Matches}, {"x265_ulaw", Second, 0, 120, Matches},
             // A key frame alone in its chunk with sound behind it that no list
             // knows yet (AAC) or that has no openings (PCM): its group of pictures is lost.

@@ -9,6 +9,7 @@
 #include "repair/RepairState.h"
 
 #include <QFile>
+#include <QSet>
 
 #include <QtDebug>
 
@@ -88,6 +89,20 @@ QByteArray builtInHeads(int count)
 
 namespace carve {
 const LearnerRow &LearnerOf(Learner id) { return kLearners[int(id)]; }
+
+bool IsBuiltInHead(const quint8 *r)
+{
+    static const QSet<quint32> kBuiltIn = [] {
+        QSet<quint32> set;
+        for (int count : {37, 206}) {
+            const QByteArray heads = builtInHeads(count);
+            for (int i = 0; i + 3 <= heads.size(); i += 3)
+                set.insert(quint32(quint8(heads[i])) << 16 | quint32(quint8(heads[i + 1])) << 8 | quint8(heads[i + 2]));
+        }
+        return set;
+    }();
+    return kBuiltIn.contains(quint32(r[0]) << 16 | quint32(r[1]) << 8 | r[2]);
+}
 
 Learned LearnAudio(Learner id, CarverArgs &args, Env &env)
 {

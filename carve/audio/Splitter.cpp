@@ -343,7 +343,12 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         pairKeys(r, keys);
         for (int k = 0; k < 3; ++k)
             headPairs[k][keys[k]] = true;
-        headFirst[r[0]] = true;
+        // A frame of quiet sound opens with the first byte of an opening this
+        // sound has shown (the sample's or the file's); the built-in openings
+        // of other cameras' sound (mono ones open with 00) split frames of
+        // stereo sound at their zero tails.
+        if (!IsBuiltInHead(r))
+            headFirst[r[0]] = true;
     }
     auto unitBeforeNewSound = [&](quint64 p, quint32 L) {
         if (row.audio != AudioKind::AdtsHeads || p + 4 + L + audio::kRecord > size)

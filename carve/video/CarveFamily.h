@@ -74,6 +74,8 @@ struct CarverRow
 };
 
 const LearnerRow &LearnerOf(Learner id);
+// One of the openings built in for samples too short to show them all.
+bool IsBuiltInHead(const quint8 *record);
 const char *SplitterName(Splitter id);
 
 } // namespace carve
