@@ -141,14 +141,12 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
     StreamOut video(args.fpVideo.get(), !env.plainWalk);
     StreamOut sound(args.fpAudio.get(), !env.plainWalk);
     std::unique_ptr<MemoryHeadList> videoHeads;
+    bool headFirst[256] = {};
     if (row.videoHeads) {
-        videoHeads.reset(new MemoryHeadList(readWhole(args.strVideoUnique)));
+        const QByteArray heads = readWhole(args.strVideoUnique);
+        videoHeads.reset(new MemoryHeadList(heads));
         s.ullVideoHeadsSize = videoHeads->size();
         s.nVideoHeadPos = 0;
-    }
-    bool headFirst[256] = {};
-    {
-        const QByteArray heads = videoHeads ? readWhole(args.strVideoUnique) : QByteArray();
         for (int i = 0; i < heads.size(); i += 3)
             headFirst[quint8(heads[i])] = true;
     }
