@@ -660,6 +660,33 @@ private Q_SLOTS:
         QCOMPARE(carve(frame + group + frame, QByteArray(), false).first, frame + group + frame);
     }
 
+    void hevcRecordersRecordsBetweenUnits()
+    {
+        // Runs of HEVC units with a recorder's record behind each run: every
+        // kind of record is stepped over and every unit comes out.
+        auto hevc = [](quint8 b4, int size) { return mov::be32(quint32(size)) + char(b4) + char(1) + QByteArray(size - 2, '\x11'); };
+        const QByteArray run3 = hevc(0x02, 200) + hevc(0x02, 210) + hevc(0x02, 220);
+        // Inside the sized records, a run of short "units" that a walk over them
+        // would take. (00 00 01 A6 is 422, plus 4; 00 00 02 70 is 624.)
+        const QByteArray fake = hevc(0x02, 2).repeated(4);
+        const QByteArray records[] = {
+            QByteArray("GP", 2) + QByteArray(14, '\x22'),
+            QByteArray(2, '\0') + QByteArray("\x01\xA6\x7C\x01", 4) + fake + QByteArray(426 - 6 - fake.size(), '\x22'),
+            QByteArray("\x01\x62\x61\x08", 4),
+            QByteArray(2, '\0') + QByteArray("\x02\x70\0\0", 4) + fake + QByteArray(624 - 6 - fake.size(), '\x22'),
+        };
+        QByteArray media = hevc(0x26, 300) + run3;
+        for (const QByteArray &r : records)
+            media += r + run3;
+        QTemporaryDir dir;
+        const Carved c = carveBytes(carve::Splitter::HevcAac, media, dir.path());
+        QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 1 + 3 * 5);
+        // A first unit that a record confirms opens the walk.
+        const Carved first = carveBytes(carve::Splitter::HevcAac, hevc(0x26, 300) + QByteArray("GP\x05\x00", 4) +
+                                                                      QByteArray(12, '\x22') + run3, dir.path());
+        QCOMPARE(first.video.count(QByteArray("\0\0\0\1", 4)), 4);
+    }
+
     void av1ObusAndFirstRun()
     {
         using namespace mov;

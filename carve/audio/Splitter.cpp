@@ -40,6 +40,7 @@ struct SplitterRow
     NalSet videoOnly;     // the branch for a sample without sound
     NalSet videoOnlyDji;  // the same for a sample with the "DJI." tag
     AudioKind audio;
+    bool makerRecords = false; // HEVC recorders' records behind units (see kHevcMakerSteps)
 };
 
 const SplitterRow &rowOf(Splitter id)
@@ -54,7 +55,7 @@ const SplitterRow &rowOf(Splitter id)
         // HEVC: one set for every test, b5 (the header's second byte) included.
         {Splitter::HevcAac, "SplitHevcAac", FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run,
          FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run, FrameTestOf(Chain::HevcAac).run,
-         AudioKind::AdtsHeads},
+         AudioKind::AdtsHeads, true},
     };
     for (const SplitterRow &r : kRows)
         if (r.id == id)
@@ -91,6 +92,30 @@ quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, c
         while (i < n && !at0[b[i]])
             ++i;
     return p + i;
+}
+
+// How far a recorder's record at p moves the walk on; 0 where none stands.
+quint64 makerStep(BufferedReader &f, quint64 p, quint64 size)
+{
+    quint8 t[6];
+    const quint8 *b = carve::BytesAt(f, p, t, 6);
+    for (const audio::HevcMakerStep &m : audio::kHevcMakerSteps) {
+        if (std::memcmp(b, m.bytes, size_t(m.length)) != 0)
+            continue;
+        const quint64 step = m.sized ? quint64(f.be32(p)) + m.step : m.step;
+        return qBound<quint64>(1, step, size - qMin(p, size));
+    }
+    return 0;
+}
+
+bool makerConfirms(BufferedReader &f, quint64 p)
+{
+    quint8 t[4];
+    const quint8 *b = carve::BytesAt(f, p, t, 4);
+    for (const auto &c : audio::kHevcMakerConfirms)
+        if (std::memcmp(b, c, 4) == 0)
+            return true;
+    return false;
 }
 
 } // namespace
@@ -298,6 +323,9 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
     // first letters of the tags looked for at position + 4.
     bool walkLook[256] = {}, audioLook[256] = {}, tagLook[256] = {};
     walkLook[0x00] = walkLook[0xFF] = walkLook[quint8('m')] = true;
+    if (row.makerRecords)
+        for (const audio::HevcMakerStep &m : audio::kHevcMakerSteps)
+            walkLook[m.bytes[0]] = true;
     audioLook[0x00] = audioLook[0xFF] = true;
     if (row.audio == AudioKind::AdtsHeads)
         for (int i = 0; i < records.size(); i += 3)
@@ -490,8 +518,9 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                     // Departure: a first unit with a known sound head right behind it counts
                     // too; a key frame alone in its chunk otherwise loses its whole group.
                     const quint64 next = pos + 4 + L;
-                    if (L && (test(row.run, next) || (row.audio == AudioKind::AdtsHeads && next < size &&
-                                                      (audioAt(next) || unitBeforeNewSound(pos, L))))) {
+                    if (L && (test(row.run, next) || (row.makerRecords && makerConfirms(f, next)) ||
+                              (row.audio == AudioKind::AdtsHeads && next < size &&
+                               (audioAt(next) || unitBeforeNewSound(pos, L))))) {
                         s.bMediaFound = true;
                         state = State::Video;
                         break;
@@ -572,6 +601,13 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                         state = State::Audio;
                         decided = true;
                         break;
+                    }
+                    // A recorder's record behind the unit: stepped over.
+                    if (row.makerRecords) {
+                        if (const quint64 step = makerStep(f, q, size)) {
+                            q += step;
+                            continue;
+                        }
                     }
                     // No length prefix (00), blank (00/FF) or moov can start here.
                     if (const quint8 *b = f.peek(q, carve::kPaddingInner)) {
