@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include "bench/BenchSupport.h"
+#include "tests/support/AnnexB.h"
 
 namespace {
 using bench::ffmpeg;
@@ -158,16 +159,8 @@ bool withSound(const SoundKind &k, const QString &from, const QString &to, int s
         const QString es = to + ".h264";
         if (!ffmpeg({"-i", from, "-map", "0:v", "-c", "copy", "-bsf:v", "h264_mp4toannexb", "-f", "h264", es}))
             return false;
-        QFile f(es);
-        if (!f.open(QIODevice::ReadWrite))
+        if (!annexb::PSlicesAs61(es))
             return false;
-        QByteArray d = f.readAll();
-        for (int i = d.indexOf(QByteArray("\0\0\1", 3)); i >= 0 && i + 3 < d.size(); i = d.indexOf(QByteArray("\0\0\1", 3), i + 3))
-            if (d.at(i + 3) == '\x41')
-                d[i + 3] = '\x61';
-        f.seek(0);
-        f.write(d);
-        f.close();
         video = QStringList{"-framerate", "30", "-i", es};
     }
     const QString noise = QStringLiteral("anoisesrc=d=%1:c=pink:a=0.2:r=48000:seed=%2").arg(seconds).arg(seed);

@@ -10,6 +10,7 @@
 #include "carve/video/WorkFiles.h"
 #include "repair/RepairState.h"
 #include "repair/StageProgress.h"
+#include "support/AnnexB.h"
 #include "support/Fixtures.h"
 #include "support/MovBuilder.h"
 
@@ -138,16 +139,8 @@ QString recording(const Kind &k, bool sample)
         const QString es = path + ".h264";
         if (!run(videoIn + x264 + QStringList{"-bsf:v", "h264_mp4toannexb", "-f", "h264", es}))
             return QString();
-        QFile f(es);
-        if (!f.open(QIODevice::ReadWrite))
+        if (!annexb::PSlicesAs61(es))
             return QString();
-        QByteArray d = f.readAll();
-        for (int i = d.indexOf(QByteArray("\0\0\1", 3)); i >= 0 && i + 3 < d.size(); i = d.indexOf(QByteArray("\0\0\1", 3), i + 3))
-            if (d.at(i + 3) == '\x41')
-                d[i + 3] = '\x61';
-        f.seek(0);
-        f.write(d);
-        f.close();
         videoIn = QStringList{"-framerate", "30", "-i", es};
         codec = QStringList{"-c:v", "copy"};
     }
