@@ -67,9 +67,9 @@ bool equals(const char *p, size_t n, const char *word)
 
 } // namespace
 
-LogReader::LogReader(const QString &path) : m_file(kLogWindow) { m_file.open(path); }
+LogReader::LogReader(const QString &path, LineForm form) : m_file(kLogWindow), m_form(form) { m_file.open(path); }
 
-bool LogReader::parseFields(const char *text, size_t len, Piece &piece)
+bool LogReader::parseFields(const char *text, size_t len, Piece &piece, LineForm form)
 {
     const char *field[kSizeField + 1] = {};
     size_t fieldLen[kSizeField + 1] = {};
@@ -85,6 +85,14 @@ bool LogReader::parseFields(const char *text, size_t len, Piece &piece)
         field[count] = text + i;
         fieldLen[count++] = j - i;
         i = j;
+    }
+    if (form == LineForm::Pair) {
+        if (count != 2)
+            return false;
+        piece.kind = PieceKind::Video;
+        piece.offset = number(field[0], fieldLen[0]);
+        piece.size = number(field[1], fieldLen[1]);
+        return true;
     }
     if (count <= kSizeField)
         return false;
@@ -123,7 +131,7 @@ bool LogReader::decipher(const char *line, size_t len, Piece &piece)
     if (flags & (RepairLine::FlagCompressed | RepairLine::FlagSha1)) {
         // Short lines are never compressed, and no writer of ours uses SHA-1.
         const QByteArray text = m_cipher.DecryptLine(QString::fromLatin1(line, int(len))).toUtf8();
-        return parseFields(text.constData(), size_t(text.size()), piece);
+        return parseFields(text.constData(), size_t(text.size()), piece, m_form);
     }
     quint8 last = 0;
     for (size_t i = 2; i < n; ++i) {
@@ -142,7 +150,7 @@ bool LogReader::decipher(const char *line, size_t len, Piece &piece)
         if (qChecksum(plain, uint(plainLen)) != want)
             return false;
     }
-    return parseFields(plain, plainLen, piece);
+    return parseFields(plain, plainLen, piece, m_form);
 }
 
 bool LogReader::next(Piece &piece)
@@ -184,6 +192,12 @@ bool LogReader::next(Piece &piece)
             return true;
     }
     return false;
+}
+
+bool WritePairLine(QIODevice &log, RepairLine &cipher, quint64 offset, quint64 size)
+{
+    const QByteArray line = cipher.EncryptLine(QStringLiteral("%1 %2").arg(offset).arg(size)).toLatin1() + kLineEnd;
+    return log.write(line) == line.size();
 }
 
 } // namespace rebuild

@@ -12,12 +12,17 @@
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 
+#include <QIODevice>
 #include <QString>
 #include <QtGlobal>
 
 namespace rebuild {
 
 enum class PieceKind : quint8 { Video, Sound };
+
+// How a line names its piece: "AVC(Vide) at = O Size = S" (fields 0, 3, 6), or
+// "O S", the chunk and tag lists of the AVI and FLV paths (kind left Video).
+enum class LineForm : quint8 { Labelled, Pair };
 
 struct Piece
 {
@@ -30,21 +35,26 @@ class LogReader
 {
 public:
     // A log that can't be opened reads as empty.
-    explicit LogReader(const QString &path);
+    explicit LogReader(const QString &path, LineForm form = LineForm::Labelled);
     bool isOpen() const { return m_file.isOpen(); }
     // The next piece; false at the end of the log.
     bool next(Piece &piece);
 
     // One deciphered line's fields; false for any other line.
-    static bool parseFields(const char *text, size_t len, Piece &piece);
+    static bool parseFields(const char *text, size_t len, Piece &piece, LineForm form = LineForm::Labelled);
 
 private:
     bool decipher(const char *line, size_t len, Piece &piece);
 
     BufferedReader m_file;
+    LineForm m_form;
     quint64 m_pos = 0;
     RepairLine m_cipher; // for the rare compressed or SHA-1 lines
     quint8 m_line[kMaxLogLine + 1]; // a line that straddles the end of the window
 };
+
+// Appends "offset size", ciphered, and a line end: the pair form above. False
+// when the log refused the bytes.
+bool WritePairLine(QIODevice &log, RepairLine &cipher, quint64 offset, quint64 size);
 
 } // namespace rebuild
