@@ -97,3 +97,47 @@ constexpr quint64 kJpegShrinkPercent = 88;
 constexpr quint64 kRangeCap = 0xFFFFFFFFULL, kJpegRangeCap = 0x40000000ULL;
 
 } // namespace streamscan
+
+// AVI: the tags the repair looks for, where a stream header keeps its fields,
+// and the fixed values of the main header it writes. All numbers in the file
+// are little-endian.
+namespace avi {
+
+constexpr char kRiff[] = "RIFF", kAviForm[] = "AVI ", kList[] = "LIST", kHdrl[] = "hdrl", kAvih[] = "avih";
+constexpr char kStrl[] = "strl", kStrh[] = "strh", kStrf[] = "strf", kStrn[] = "strn", kMovi[] = "movi";
+constexpr char kIdx1[] = "idx1", kVids[] = "vids", kAuds[] = "auds";
+constexpr char kVideoChunk[] = "00dc", kVideoChunkRaw[] = "00db", kSoundChunk[] = "01wb";
+// What may follow a stream's format chunk, and so confirms it.
+constexpr const char *kConfirmingTags[] = {"LIST", "JUNK", "strn", "vprp", "IDIT", "indx", "strd", "vedt", "ISFT"};
+constexpr quint32 kStrhSizes[] = {56, 64};
+
+// Offsets from a stream list's "strl" tag (B) and from B plus its strh size (F).
+constexpr quint64 kStreamTypeAt = 12;  // "vids" or "auds"
+constexpr quint64 kFormatTagAt = 12;   // F + 12: "strf"
+constexpr quint64 kFormatSizeAt = 16;  // F + 16
+constexpr quint64 kFormatAt = 20;      // F + 20: the format itself
+constexpr quint64 kFrameSizeAt = 24;   // F + 24: width and height of the picture
+
+// The main header's fixed values.
+constexpr quint32 kAvihSize = 56;
+constexpr quint32 kMicroSecPerFrame = 41666;
+constexpr quint32 kMaxBytesPerSec = 3241472;
+constexpr quint32 kPaddingGranularity = 0;
+constexpr quint32 kAvihFlags = 0x110; // has an index, interleaved
+constexpr quint32 kSuggestedBuffer = 633600;
+constexpr quint32 kStrhWritten = 56;
+constexpr quint32 kKeyFlag = 0x10;    // idx1: a key frame
+constexpr quint32 kKeyEvery = 1024;   // video chunk 1 and every 1024th after are marked key
+constexpr quint32 kMinVideoFormat = 40; // a BITMAPINFOHEADER
+constexpr quint32 kMovieStart = 4;    // chunk offsets count from the "movi" tag
+constexpr quint64 kChunkHead = 8;
+constexpr quint64 kIndexEntry = 16;
+// Sizes a chunk tag may stand before by chance: false hits gave them, so a
+// chunk of such a size isn't taken, nor one of a quarter of the file or more.
+constexpr quint32 kFalseChunkSizes[] = {0, 2, 16, 18};
+constexpr quint64 kMaxChunkShare = 4;
+constexpr int kSearchShare = 10;      // headers and sound chunks are sought in the first tenth
+constexpr qint64 kProgressRange = 500000, kProgressSearch = 400000;
+constexpr char kIndexName[] = "Index.avi";
+
+} // namespace avi

@@ -4,12 +4,6 @@
 
 #include "repair/ThreadVideoRepair.h"
 
-void ThreadVideoRepair::RepairAviFile(const QString &fileName)
-{
-    StageNotBuilt("AVI", false);
-    Q_EMIT WriteAVIFileStatus(hasVideo_Strh, fileName);
-}
-
 void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
 {
     StageNotBuilt("FLV", false);

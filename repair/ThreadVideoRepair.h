@@ -4,6 +4,7 @@
 // It never touches a widget.
 
 #include "carve/video/CarverArgs.h"
+#include "containers/Avi.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairState.h"
 #include "repair/StageProgress.h"
@@ -126,6 +127,14 @@ public:
 
     // --- Paths of other containers ---
     void RepairAviFile(const QString &fileName);
+    void ReadAviHeaders(bool hasSoundChunks);
+    void ReadAviHeadersOfSample(bool hasSoundChunks);
+    void ListAviChunks();
+    // Each flag: that header or format is read from the damaged file (1) or
+    // the sample (0). Empty on success, else the write error.
+    QString WriteAviFile(bool hasSoundChunks, int videoHeader, int videoFormat, int soundHeader, int soundFormat);
+    avi::Headers aviHeaders;   // where the stream headers stand
+    avi::ChunkList aviChunks;  // what the chunk scan counted
     void RepairFlvFile(const QString &fileName);
     void RepairDatFile(const QString &sourceName);
     void RepairMtsFile();
@@ -208,6 +217,8 @@ private:
     void NoteEmptyFile(const QString &entry);
     bool RunAtomPipelines(CarverArgs &args, const QString &entry);
     void AsfPath(const QString &sample);
+    void AviHeaderSearch(BufferedReader &file, quint64 size, bool hasSoundChunks, int fromDamaged);
+    QString AviIndexPath() const;
     void MkvOrMpegPath(const QString &sample, bool mkv);
     static quint64 SampleWindowStart(quint64 size);
     void CleanTemporaryWorkFolder();
