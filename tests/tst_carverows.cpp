@@ -205,14 +205,14 @@ struct Carved
 // One splitter on a file of these bytes behind an ftyp and an mdat header,
 // without a sample (no parameter sets, no lists), in a folder of its own.
 Carved carveBytes(carve::Splitter id, const QByteArray &media, const QString &dir, const QByteArray &videoHeads = {},
-                  int stopAfter = -1)
+                  int stopAfter = -1, bool withSound = true)
 {
     const QString file = dir + "/rec.mov";
     mov::write(file, mov::ftyp() + mov::atom("mdat", media));
     QDir(dir + "/Repaired").removeRecursively();
     RepairState s;
     s.strWorkBase = dir;
-    s.bSampleHasAudio = true;
+    s.bSampleHasAudio = withSound;
     s.nSoundSampleRate = 8000;
     struct Stop : StageProgress
     {
@@ -667,17 +667,29 @@ private Q_SLOTS:
             QByteArray(2, '\0') + QByteArray("\x01\xA6\x7C\x01", 4) + fake + QByteArray(426 - 6 - fake.size(), '\x22'),
             QByteArray("\x01\x62\x61\x08", 4),
             QByteArray(2, '\0') + QByteArray("\x02\x70\0\0", 4) + fake + QByteArray(624 - 6 - fake.size(), '\x22'),
+            QByteArray("\0\x36  $G:2", 8) + QByteArray(46, '\x22'),
         };
         QByteArray media = hevc(0x26, 300) + run3;
         for (const QByteArray &r : records)
             media += r + run3;
         QTemporaryDir dir;
         const Carved c = carveBytes(carve::Splitter::HevcAac, media, dir.path());
-        QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 1 + 3 * 5);
+        QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 1 + 3 * 6);
         // A first unit that a record confirms opens the walk.
         const Carved first = carveBytes(carve::Splitter::HevcAac, hevc(0x26, 300) + QByteArray("GP\x05\x00", 4) +
                                                                       QByteArray(12, '\x22') + run3, dir.path());
         QCOMPARE(first.video.count(QByteArray("\0\0\0\1", 4)), 4);
+        // Without sound: a stream whose units may be followed by a record that
+        // opens a block of 13201 bytes (its sized-looking "units" included):
+        // the blocks are dropped, every unit is out, two in a row too.
+        for (const char *rec : {"\x1A\x95\x02\x0A\x07", "\x1A\xC0\x02\x0A\x08"}) {
+            const QByteArray block = QByteArray(rec, 5) + fake + QByteArray(13201 - 5 - fake.size(), '\x22');
+            const QByteArray stream = hevc(0x26, 300) + block + hevc(0x02, 200) + block + hevc(0x02, 210)
+                                      + hevc(0x02, 220) + block + hevc(0x02, 230);
+            const Carved b = carveBytes(carve::Splitter::HevcAac, stream, dir.path(), {}, -1, false);
+            QCOMPARE(b.video.count(QByteArray("\0\0\0\1", 4)), 5);
+            QVERIFY(!b.video.contains(fake));
+        }
     }
 
     void av1ObusAndFirstRun()

@@ -59,11 +59,14 @@ constexpr int kMakerLabelAt = 8;
 // a little; the first ones also confirm the first unit of a file.
 struct HevcMakerStep
 {
-    quint8 bytes[6];
+    quint8 bytes[8];
     int length;     // bytes compared
     bool sized;     // the step is the 32-bit size at the place plus `step`
     quint64 step;
 };
+// A GPS text record ("$G:2" behind a 16-bit length and two blanks): its bytes
+// are walked over one at a time, and a unit followed by one is confirmed.
+#define VM_GPS_RECORD {0x00, 0x36, 0x20, 0x20, '$', 'G', ':', '2'}
 constexpr HevcMakerStep kHevcMakerSteps[] = {
     {{0x47, 0x50}, 2, false, 16},
     {{0x00, 0x00, 0x01, 0xA6, 0x7C, 0x01}, 6, true, 4},
@@ -73,9 +76,30 @@ constexpr HevcMakerStep kHevcMakerSteps[] = {
     {{0x01, 0x53, 0x52, 0x08}, 4, false, 1},
     {{0x00, 0x00, 0x02, 0x70, 0x00, 0x00}, 6, true, 0}, {{0x00, 0x00, 0x00, 0x64, 0x00, 0x00}, 6, true, 0},
     {{0x00, 0x00, 0x02, 0x90, 0x00, 0x00}, 6, true, 0},
+    {VM_GPS_RECORD, 8, false, 1},
 };
-constexpr quint8 kHevcMakerConfirms[][4] = {
-    {0x47, 0x50, 0x05, 0x00}, {0x47, 0x50, 0x04, 0x00}, {0x47, 0x50, 0x00, 0x03}, {0x47, 0x50, 0x00, 0x02},
-    {0x47, 0x50, 0x00, 0x01},
+struct HevcMakerConfirm
+{
+    quint8 bytes[8];
+    int length;
 };
+constexpr HevcMakerConfirm kHevcMakerConfirms[] = {
+    {{0x47, 0x50, 0x05, 0x00}, 4}, {{0x47, 0x50, 0x04, 0x00}, 4}, {{0x47, 0x50, 0x00, 0x03}, 4},
+    {{0x47, 0x50, 0x00, 0x02}, 4}, {{0x47, 0x50, 0x00, 0x01}, 4}, {VM_GPS_RECORD, 8},
+};
+#undef VM_GPS_RECORD
+
+// Streams of HEVC recorders that follow some units with a record 1A xx 02 0A,
+// then 07 (xx 95, 97, 98) or 08 (xx 98, 9A to EF), opening a block of their
+// own of this many bytes, which is dropped.
+constexpr quint8 kHevcBlockHead[] = {0x1A, 0x00, 0x02, 0x0A};
+constexpr quint64 kHevcBlockSize = 13201;
+constexpr bool IsHevcBlockRecord(const quint8 *b)
+{
+    if (b[0] != kHevcBlockHead[0] || b[2] != kHevcBlockHead[2] || b[3] != kHevcBlockHead[3])
+        return false;
+    if (b[4] == 0x07)
+        return b[1] == 0x95 || b[1] == 0x97 || b[1] == 0x98;
+    return b[4] == 0x08 && (b[1] == 0x98 || (b[1] >= 0x9A && b[1] <= 0xEF));
+}
 } // namespace audio

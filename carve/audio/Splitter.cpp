@@ -97,8 +97,8 @@ quint64 passPlain(BufferedReader &f, quint64 p, quint64 size, const bool *at0, c
 // How far a recorder's record at p moves the walk on; 0 where none stands.
 quint64 makerStep(BufferedReader &f, quint64 p, quint64 size)
 {
-    quint8 t[6];
-    const quint8 *b = carve::BytesAt(f, p, t, 6);
+    quint8 t[8];
+    const quint8 *b = carve::BytesAt(f, p, t, 8);
     for (const audio::HevcMakerStep &m : audio::kHevcMakerSteps) {
         if (std::memcmp(b, m.bytes, size_t(m.length)) != 0)
             continue;
@@ -110,10 +110,10 @@ quint64 makerStep(BufferedReader &f, quint64 p, quint64 size)
 
 bool makerConfirms(BufferedReader &f, quint64 p)
 {
-    quint8 t[4];
-    const quint8 *b = carve::BytesAt(f, p, t, 4);
-    for (const auto &c : audio::kHevcMakerConfirms)
-        if (std::memcmp(b, c, 4) == 0)
+    quint8 t[8];
+    const quint8 *b = carve::BytesAt(f, p, t, 8);
+    for (const audio::HevcMakerConfirm &c : audio::kHevcMakerConfirms)
+        if (std::memcmp(b, c.bytes, size_t(c.length)) == 0)
             return true;
     return false;
 }
@@ -201,7 +201,11 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
         const NalSet &set = s.bSampleHasDjiTag ? row.videoOnlyDji : row.videoOnly;
         quint64 pos = topWalk(true);
         s.carve.mediaBytes = size - qMin(pos, size);
-        bool found = false;
+        bool found = false, blockStream = false;
+        auto blockRecord = [&](quint64 p) {
+            quint8 tmp[5];
+            return row.makerRecords && audio::IsHevcBlockRecord(bytesAt(p, tmp, 5));
+        };
         auto seek = [&](quint64 from, quint64 step) {
             for (quint64 q = from; q < size && !s.bStopRepair;) {
                 if (padding(q, carve::kPaddingOuter)) {
@@ -211,6 +215,13 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
                 if (test(set, q)) {
                     const quint32 L = f.be32(q);
                     if (L && test(set, q + 4 + L)) {
+                        pos = q;
+                        return true;
+                    }
+                    if (L && !blockStream && blockRecord(q + 4 + L)) {
+                        // The stream carries the recorder's blocks: the walk
+                        // below drops them from here on.
+                        blockStream = true;
                         pos = q;
                         return true;
                     }
@@ -229,6 +240,12 @@ Split SplitStreams(Splitter id, CarverArgs &args, Env &env, HeadList *headsIn)
             progress(pos);
             if (L && test(set, next)) {
                 pos = next;
+                continue;
+            }
+            if (L && blockStream && blockRecord(next)) {
+                pos = next + audio::kHevcBlockSize;
+                if (!test(set, pos))
+                    found = seek(pos, carve::kPaddingOuter + 1);
                 continue;
             }
             // The last unit of a run is written; look for the next run, a blank
