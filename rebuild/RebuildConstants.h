@@ -56,6 +56,7 @@ constexpr quint32 sizeField(const Bytes<N> &a)
 constexpr char kFtypTag[] = "ftyp";
 constexpr char kVideoLabel[] = "AVC(Vide)";
 constexpr char kSoundLabel[] = "AAC(soun)";
+constexpr char kBlankLabel[] = "Zero(Zero)"; // blank bytes a splitter passed over
 
 // --- The templates ---
 constexpr quint32 kFixedOne = 0x00010000; // 1.0 as 16.16

@@ -42,7 +42,7 @@ mux::StageId muxStageOf(Splitter id)
 // comes back to the thread with carveDone().
 #define VM_STAGE_ENV                                       \
     ThreadProgress progress(*this);                        \
-    Env env{pApp, &progress, strFileName, ullFileLeft}
+    Env env{pApp, &progress, strFileName, ullFileLeft, true, false, hLog.isOpen() ? &hLog : nullptr}
 
 void ThreadVideoRepair::CarveH264(quint32 code, CarverArgs &args) { CarveChain(H264CarverRow(code), args); }
 void ThreadVideoRepair::CarveHevc(quint32 code, CarverArgs &args) { CarveChain(HevcCarverRow(code), args); }

@@ -9,6 +9,7 @@
 #include "carve/video/CarveStages.h"
 #include "carve/video/WorkFiles.h"
 #include "repair/RepairState.h"
+#include "rebuild/LogReader.h"
 #include "repair/StageProgress.h"
 #include "support/AnnexB.h"
 #include "support/Fixtures.h"
@@ -205,7 +206,7 @@ struct Carved
 // One splitter on a file of these bytes behind an ftyp and an mdat header,
 // without a sample (no parameter sets, no lists), in a folder of its own.
 Carved carveBytes(carve::Splitter id, const QByteArray &media, const QString &dir, const QByteArray &videoHeads = {},
-                  int stopAfter = -1, bool withSound = true)
+                  int stopAfter = -1, bool withSound = true, QIODevice *workLog = nullptr)
 {
     const QString file = dir + "/rec.mov";
     mov::write(file, mov::ftyp() + mov::atom("mdat", media));
@@ -223,6 +224,7 @@ Carved carveBytes(carve::Splitter id, const QByteArray &media, const QString &di
         void setValue(qint64) override { s.bStopRepair = s.bStopRepair || --left == 0; }
     } stop(s, stopAfter);
     carve::Env env{s, &stop, "rec.mov"};
+    env.workLog = workLog;
     CarverArgs a;
     a.strSource = file;
     workfiles::EnsureWorkFolderIn(dir);
@@ -518,6 +520,22 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(dir.filePath("Repaired/video.hevc")));
         QCOMPARE(c.video.count(QByteArray("\0\0\0\1", 4)), 9);
         QCOMPARE(c.sound, carve::WavSoundPrefix(carve::WavForm::Alaw) + QByteArray(8000, '\xD5'));
+        // LPCM between them: the chains are known by the heads of the video
+        // list, and each unit and run of sound is listed in the work log.
+        QFile log(dir.filePath("log.txt"));
+        QVERIFY(log.open(QIODevice::ReadWrite | QIODevice::Truncate));
+        const QByteArray lpcm = QByteArray(4000, '\x35');
+        const Carved l = carveBytes(carve::Splitter::HevcLpcm, chain + lpcm + chain, dir.path(),
+                                    QByteArray("\x26\x01\x11\x02\x01\x11", 6), -1, true, &log);
+        log.close();
+        QCOMPARE(l.video.count(QByteArray("\0\0\0\1", 4)), 6);
+        QCOMPARE(l.sound, lpcm);
+        rebuild::LogReader lines(log.fileName());
+        rebuild::Piece piece;
+        QList<quint64> sizes;
+        while (lines.next(piece))
+            sizes << piece.size * (piece.kind == rebuild::PieceKind::Sound ? 1000 : 1);
+        QCOMPARE(sizes, (QList<quint64>{404, 204, 214, 4000000, 404, 204, 214}));
     }
 
     void soundThatOpensLikeAUnitStaysSound()

@@ -12,6 +12,8 @@
 #include "carve/audio/WavBuild.h"
 #include "carve/video/CarveConstants.h"
 #include "carve/video/WorkFiles.h"
+#include "rebuild/RebuildConstants.h"
+#include "repair/RepairLine.h"
 #include "repair/RepairState.h"
 
 #include <QFile>
@@ -51,6 +53,7 @@ struct PositionRow
     int paramsFrom;        // parameter sets go in front of each chain from this one on
     const audio::MakerBlock *blocks;
     int blockCount;
+    bool logsSpans = false; // a ciphered work-log line per unit, run of sound and blank block
 };
 
 using namespace workfiles;
@@ -71,7 +74,7 @@ const PositionRow kRows[] = {
     {Splitter::OpusWav, Chain::Opus, Told::Gaps, false, RunRule::Any, 0, kVideoH264, kAudioWav, WavForm::Alaw, true, true, 3,
      nullptr, 0},
     {Splitter::HevcLpcm, Chain::HevcLpcm, Told::Gaps, true, RunRule::Any, 0, kVideoHevc, kAudioPcmGaps, WavForm::None,
-     false, false, 2, nullptr, 0},
+     false, false, 2, nullptr, 0, true},
     {Splitter::HevcTwos, Chain::HevcTwos, Told::Gaps, false, RunRule::HevcTwos, audio::kHevcTwosJump, kVideoHevc, kAudioPcm,
      WavForm::None, false, false, 3, nullptr, 0},
     {Splitter::HevcAlawWav, Chain::HevcAlawUlaw, Told::Gaps, false, RunRule::Any, 0, kVideoHevc, kAudioWav, WavForm::Alaw,
@@ -210,7 +213,14 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
         checkedAt = p;
         return true;
     };
+    RepairLine cipher;
+    auto logSpan = [&](const char *label, quint64 at, quint64 n) {
+        if (row.logsSpans && env.workLog)
+            env.workLog->write(cipher.EncryptLine(QStringLiteral("%1 at = %2 Size = %3")
+                                                      .arg(QLatin1String(label)).arg(at).arg(n)).toLatin1() + "\r\n");
+    };
     auto writeUnit = [&](quint64 p, quint32 L) {
+        logSpan(rebuild::kVideoLabel, p, quint64(L) + 4);
         video.unit(f, p, L);
         ++s.carve.videoUnits;
         s.carve.claimedBytes += quint64(L) + 4;
@@ -236,6 +246,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
             sound.write(prefix.constData(), size_t(prefix.size()));
             prefixWritten = true;
         }
+        logSpan(rebuild::kSoundLabel, from, n);
         sound.copy(f, from, n); // zeros for what lies past the end of the file
         ++s.carve.soundFrames;
         s.carve.soundBytes += n;
@@ -328,6 +339,7 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
             state = State::End;
             while (pos < size && !stop) {
                 if (IsPadding(f, pos, kPaddingOuter)) {
+                    logSpan(rebuild::kBlankLabel, pos, kPaddingOuter);
                     pos += kPaddingOuter;
                     progress(pos);
                     continue;

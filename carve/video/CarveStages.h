@@ -9,6 +9,8 @@
 #include "carve/video/CarverArgs.h"
 #include "repair/StageProgress.h"
 
+#include <QIODevice>
+
 #include <QString>
 
 struct RepairState;
@@ -33,6 +35,8 @@ struct Env
     // a unit through the process. Slow; it proves that the quick walk writes
     // the same files.
     bool plainWalk = false;
+    // The work log, for splitters that list what they classified; may be null.
+    QIODevice *workLog = nullptr;
 };
 
 // --- The H.264 carver family ---
