@@ -343,6 +343,43 @@ private Q_SLOTS:
         }
     }
 
+    void workFilesHeadsAndHealthyNames()
+    {
+        // The parameter sets put in front of the HEVC stream are those the
+        // bitstream filter writes, and the MPEG-4 stream's head tells its
+        // frame size.
+        for (const char *name : {"x265_aac", "x265_aac_hev1", "m4v_aac"}) {
+            const Kind &k = kind(name);
+            VM_FIXTURE(healthy, recording(k, false));
+            VM_FIXTURE(sample, recording(k, true));
+            QTemporaryDir work;
+            QCOMPARE(repair(fixtures::moovRemoved(cameraLayout(healthy, 0.5)), sample, work.path(), true).status,
+                     QString("Completed"));
+            if (QByteArray(name).startsWith("x265")) {
+                QByteArray annexB;
+                QVERIFY(run({"-i", sample, "-map", "0:v", "-c", "copy", "-bsf:v", "hevc_mp4toannexb", "-f", "hevc", "-"}, &annexB));
+                const QByteArray start("\0\0\0\1", 4);
+                const int fourth = annexB.indexOf(start, annexB.indexOf(start, annexB.indexOf(start, 4) + 4) + 4);
+                QCOMPARE(readAll(work.filePath("Repaired/Indexing")), annexB.left(fourth));
+            } else {
+                QProcess p;
+                p.start("ffprobe", {"-v", "error", "-show_entries", "stream=width,height", "-of", "csv=p=0",
+                                    work.filePath("Repaired/video.m4v")});
+                p.waitForFinished(60000);
+                QCOMPARE(p.readAllStandardOutput().trimmed(), QByteArray("320,240"));
+            }
+        }
+        // A healthy HEVC recording whose name looks like options is remuxed under that name.
+        VM_FIXTURE(healthy, recording(kind("x265_aac"), false));
+        QTemporaryDir work;
+        const QString odd = work.filePath("-a b.mp4");
+        QVERIFY(QFile::copy(healthy, odd));
+        const Outcome o = repair(odd, QString(), work.path());
+        QCOMPARE(o.status, QString("Completed"));
+        QCOMPARE(QFileInfo(o.result).fileName(), QString("-a b.mp4"));
+        QVERIFY(fixtures::probe(o.result).video >= 120);
+    }
+
     void oddSamplesGiveAnHonestVerdict()
     {
         const Kind &k = kind("pcm_alaw");
