@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <cstdio>
+#include <algorithm>
 #include <tuple>
 #include <sys/resource.h>
 #include <unistd.h>
@@ -134,6 +135,7 @@ struct SoundKind
     double bytesPerSecond;
     QStringList video;  // another encoder for clip and sample (the H.264 clip's pictures otherwise)
     const char *stream; // the work file of the pictures
+    bool delimited = false; // a temporal delimiter before each picture, as some AV1 recorders write
 };
 const QStringList kAacCodec = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
 const SoundKind kSounds[] = {
@@ -147,7 +149,40 @@ const SoundKind kSounds[] = {
       "-pix_fmt", "yuv420p", "-tag:v", "hvc1"},
      "video.hevc"},
     {"mpeg4", kAacCodec, false, "audio.aac", 0, {"-c:v", "mpeg4", "-b:v", "8M", "-g", "30"}, "video.m4v"},
+    {"av1", kAacCodec, false, "audio.aac", 0,
+     {"-c:v", "libsvtav1", "-preset", "12", "-g", "30", "-b:v", "8M", "-pix_fmt", "yuv420p"}, "video.Av01", true},
 };
+
+// The clip without its moov, each video packet behind the two bytes of a
+// temporal delimiter (ffmpeg leaves them out of MP4).
+bool withDelimiters(const QString &clip, const QString &to)
+{
+    if (QFile::exists(to))
+        return true;
+    QProcess p;
+    p.start("ffprobe", {"-v", "error", "-show_entries", "packet=stream_index,pos,size", "-of", "csv=p=0", clip});
+    p.waitForFinished(-1);
+    struct Item { qint64 pos, size; bool video; };
+    QList<Item> items;
+    for (const QByteArray &line : p.readAllStandardOutput().split('\n')) {
+        const QList<QByteArray> f = line.trimmed().split(',');
+        if (f.size() >= 3)
+            items << Item{f[2].toLongLong(), f[1].toLongLong(), f[0].toInt() == 0};
+    }
+    std::sort(items.begin(), items.end(), [](const Item &a, const Item &b) { return a.pos < b.pos; });
+    QFile in(clip), out(to);
+    QByteArray ftyp, payload;
+    if (items.isEmpty() || !clipParts(clip, ftyp, payload) || !in.open(QIODevice::ReadOnly) || !out.open(QIODevice::WriteOnly))
+        return false;
+    QByteArray media;
+    for (const Item &i : items) {
+        in.seek(i.pos);
+        media += (i.video ? QByteArray("\x12\x00", 2) : QByteArray()) + in.read(i.size);
+    }
+    const quint32 mdat = quint32(media.size() + 8);
+    out.write(ftyp + QByteArray(1, char(mdat >> 24)) + char(mdat >> 16) + char(mdat >> 8) + char(mdat) + "mdat" + media);
+    return out.error() == QFileDevice::NoError;
+}
 
 // from's pictures (P slices rewritten for p61) with seconds of new sound.
 bool withSound(const SoundKind &k, const QString &from, const QString &to, int seconds, int seed)
@@ -179,7 +214,7 @@ int main(int argc, char **argv)
         if (argc == 3 && qstrcmp(argv[2], k.name) == 0)
             kind = &k;
     if (argc < 2 || !kind) {
-        std::fprintf(stderr, "usage: vm-bench-carve FOLDER [aac|lpcm|sowt|hevc|mpeg4]\n");
+        std::fprintf(stderr, "usage: vm-bench-carve FOLDER [aac|lpcm|sowt|hevc|mpeg4|av1]\n");
         return 2;
     }
     const QString dir = QString::fromLocal8Bit(argv[1]);
@@ -199,11 +234,12 @@ int main(int argc, char **argv)
         return 1;
     if (kind != &kSounds[0]) {
         const QString base = dir + "/bench-" + kind->name;
+        const QString ext = kind->delimited ? ".mp4" : ".mov"; // AV1 goes in MP4 only
         // Other pictures: clip and sample made with the kind's encoder.
         for (const auto &[out, source, noise] : {std::tuple<QString, QString, QString>{
-                                                      base + "-clip.mov", "testsrc2=size=1280x720:rate=30:duration=30",
+                                                      base + "-clip" + ext, "testsrc2=size=1280x720:rate=30:duration=30",
                                                       "anoisesrc=d=30:c=pink:a=0.2:r=48000"},
-                                                  {base + "-sample.mov", "smptebars=size=1280x720:rate=30:duration=20",
+                                                  {base + "-sample" + ext, "smptebars=size=1280x720:rate=30:duration=20",
                                                    "anoisesrc=d=20:c=pink:a=0.2:r=48000:seed=7"}})
             if (!kind->video.isEmpty() && !QFile::exists(out) &&
                 !ffmpeg(QStringList{"-f", "lavfi", "-i", source, "-f", "lavfi", "-i", noise} + kind->video + kind->audio +
@@ -212,18 +248,21 @@ int main(int argc, char **argv)
         if (kind->video.isEmpty() &&
             (!withSound(*kind, clip, base + "-clip.mov", 30, 1) || !withSound(*kind, sample, base + "-sample.mov", 20, 7)))
             return 1;
-        clip = base + "-clip.mov";
-        sample = base + "-sample.mov";
+        clip = base + "-clip" + ext;
+        sample = base + "-sample" + ext;
         big = base + "-1g.mov";
     }
+    const QString source = kind->delimited ? clip + ".delimited.mov" : clip;
+    if (kind->delimited && !withDelimiters(clip, source))
+        return 1;
     if (!QFile::exists(big)) {
         std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
-        if (!makeBig(clip, big, 1000000000ULL))
+        if (!makeBig(source, big, 1000000000ULL))
             return 1;
     }
 
     QByteArray ftyp, payload;
-    if (!clipParts(clip, ftyp, payload))
+    if (!clipParts(source, ftyp, payload))
         return 1;
     const quint64 expected = quint64(videoPackets(clip)) * copiesFor(payload, 1000000000ULL);
     // The carve alone: ffmpeg is kept out of reach, so the mux stage runs no command.

@@ -40,7 +40,7 @@ grep "^carve aac:" "$dir/carve.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i ==
 # The carve of recordings with PCM sound between runs of frames (LPCM at
 # 96 kHz, sowt at 48 kHz), the main clip's pictures with new sound, and of
 # HEVC and MPEG-4 recordings with AAC; best of two.
-for kind in lpcm sowt hevc mpeg4; do
+for kind in lpcm sowt hevc mpeg4 av1; do
   "$bin/bench/vm-bench-carve" "$dir" "$kind" > "$dir/carve-$kind.log" 2>&1 || { cat "$dir/carve-$kind.log"; exit 1; }
   catspeed "$dir/bench-$kind-1g.mov"
   "$bin/bench/vm-bench-carve" "$dir" "$kind" >> "$dir/carve-$kind.log" 2>&1
