@@ -38,6 +38,9 @@ const QStringList kX264{"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", 
 const QStringList kNoB = kX264 + QStringList{"-bf", "0"};
 const QStringList kX265 = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error:bframes=0:open-gop=0",
                            "-g", "30", "-pix_fmt", "yuv420p"};
+// libx265's defaults: B-frames, and their non-reference slices as TRAIL_N (header 00 01).
+const QStringList kX265Defaults = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error", "-g", "30",
+                                   "-pix_fmt", "yuv420p", "-tag:v", "hvc1"};
 const Kind kKinds[] = {
     {"pcm_sowt", "mov", {"-c:a", "pcm_s16le", "-ac", "2"}, true, "audio.wav", 0, kNoB},
     {"pcm_twos", "mov", {"-af", "asetnsamples=n=24024", "-c:a", "pcm_s16be", "-ac", "2"}, false, "audio.pcm", 0, kNoB},
@@ -67,6 +70,8 @@ const Kind kKinds[] = {
     // AV1 (its sound is never carved).
     {"av1_aac", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0,
      {"-c:v", "libsvtav1", "-preset", "12", "-g", "30", "-pix_fmt", "yuv420p"}},
+    {"x265_aac_default", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, kX265Defaults},
+    {"x265_lpcm_default", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 0, kX265Defaults},
     {"x265_twos", "mov", {"-af", "asetnsamples=n=48048", "-c:a", "pcm_s16be", "-ac", "2"}, false, "audio.pcm", 0,
      kX265 + QStringList{"-tag:v", "hvc1"}},
 };
@@ -286,6 +291,11 @@ private Q_SLOTS:
             // A key frame alone in its chunk with sound behind it that no list
             // knows yet (AAC) or that has no openings (PCM): its group of pictures is lost.
             {"x265_aac", Ffmpeg, 0, 90, Any}, {"x265_twos", Ffmpeg, 0, 90, Matches},
+            // libx265's defaults: TRAIL_N (00 01) is in no HEVC set, so a frame of it ends a
+            // chain: the AAC walk keeps the first frames of each half second (24 of 120);
+            // the LPCM walk, whose chains must also open at a known head, finds none (-1:
+            // the file still waits).
+            {"x265_aac_default", Half, 0, 24, Any}, {"x265_lpcm_default", Half, 0, -1, Any},
             // MPEG-4: every frame where the sample's sound opens as the recording's
             // does; with a sound of other openings frames end late and the sound is lost.
             {"m4v_aac", Ffmpeg, 0, 120, Lasts}, {"m4v_aac", Half, 0, 120, Lasts}, {"m4v_aac", Ffmpeg, 70, 84, Any},
@@ -308,6 +318,10 @@ private Q_SLOTS:
             const Outcome o = repair(damaged, sample, work.path());
             const QString got = QStringLiteral("%1: %2, %3 frames, video %4 s, sound %5 s")
                                     .arg(what, o.status).arg(o.frames).arg(o.videoSeconds).arg(o.audioSeconds);
+            if (row.frames < 0) {
+                QVERIFY2(o.status == "Awaiting Action", qPrintable(got));
+                continue;
+            }
             QVERIFY2(o.status == "Completed" && o.frames >= row.frames, qPrintable(got));
             switch (row.sound) {
             case Matches:
