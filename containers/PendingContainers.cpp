@@ -10,12 +10,6 @@ void ThreadVideoRepair::RepairAviFile(const QString &fileName)
     Q_EMIT WriteAVIFileStatus(hasVideo_Strh, fileName);
 }
 
-void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
-{
-    StageNotBuilt("FLV", false);
-    Q_EMIT WriteStatus(false, hasVideo_Strh, fileName, false);
-}
-
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
 void ThreadVideoRepair::RepairAsfFile(const QString &) {}
