@@ -2,16 +2,20 @@
 
 #include "containers/ContainerConstants.h"
 #include "rebuild/LogReader.h"
+#include "rebuild/RebuildOutput.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
+#include <QTemporaryFile>
 #include <QtEndian>
+#include <cerrno>
+#include <cstdio>
 #include <cstring>
 #include <iterator>
+#include <memory>
 
 namespace flv {
 
@@ -19,6 +23,8 @@ namespace {
 
 constexpr int kCopied = int(std::size(kMetaEntries));
 constexpr int kDoubleBytes = 8;
+constexpr QFileDevice::Permissions kResultPermissions =
+    QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadGroup | QFileDevice::ReadOther;
 using Values = quint8[kCopied][kDoubleBytes];
 
 quint32 be24(const quint8 *p) { return quint32(p[0]) << 16 | quint32(p[1]) << 8 | p[2]; }
@@ -201,23 +207,6 @@ QByteArray fileHead(bool full, double duration, const Values &values)
     return out;
 }
 
-// Copies [pos, pos + n) of the source through the reader's window.
-bool copyRun(BufferedReader &src, QSaveFile &out, quint64 pos, quint64 n, const std::atomic<bool> &stop)
-{
-    while (n) {
-        size_t len = 0;
-        const quint8 *b = stop.load(std::memory_order_relaxed) ? nullptr : src.span(pos, &len);
-        if (!b)
-            return false;
-        const qint64 chunk = qint64(qMin<quint64>(len, n));
-        if (out.write(reinterpret_cast<const char *>(b), chunk) != chunk)
-            return false;
-        pos += quint64(chunk);
-        n -= quint64(chunk);
-    }
-    return true;
-}
-
 bool sameFile(const QString &a, const QString &b)
 {
     const QString ca = QFileInfo(a).canonicalFilePath();
@@ -225,19 +214,22 @@ bool sameFile(const QString &a, const QString &b)
 }
 
 // The listed tags behind the new head, into outPath; the error, empty when
-// the file is complete or the copy was stopped.
+// the file is complete or the copy was stopped. The file is written under a
+// temporary name and takes its own only when whole.
 QString writeOutput(BufferedReader &src, const QString &logPath, const QString &outPath, const QByteArray &head,
                     const std::atomic<bool> &stop, bool *written)
 {
-    QSaveFile out(outPath);
-    if (!out.open(QIODevice::WriteOnly))
-        return out.errorString();
-    bool ok = out.write(head) == head.size();
+    QTemporaryFile file(outPath + QStringLiteral(".XXXXXX"));
+    if (!file.open())
+        return file.errorString();
+    rebuild::Output out(file);
+    out.write(head.constData(), size_t(head.size()));
+    std::unique_ptr<quint8[]> buffer(new quint8[rebuild::kCopyBuffer]);
     const quint64 size = src.size();
     rebuild::LogReader list(logPath, rebuild::LineForm::Pair);
     rebuild::Piece piece;
     quint64 runPos = 0, runLen = 0; // adjacent tags are copied as one run
-    while (ok && list.next(piece)) {
+    while (!out.failed() && list.next(piece)) {
         // A line that doesn't name a whole tag of this file is passed over.
         if (piece.size < kTagHead || piece.offset > size || size - piece.offset < kTrailer
             || piece.size > size - piece.offset - kTrailer)
@@ -246,23 +238,19 @@ QString writeOutput(BufferedReader &src, const QString &logPath, const QString &
             runLen += piece.size + kTrailer;
             continue;
         }
-        ok = copyRun(src, out, runPos, runLen, stop);
+        out.copyFrom(src, runPos, runLen, buffer.get(), stop);
         runPos = piece.offset;
         runLen = piece.size + kTrailer;
     }
-    ok = ok && copyRun(src, out, runPos, runLen, stop);
-    if (stop.load()) {
-        out.cancelWriting();
+    out.copyFrom(src, runPos, runLen, buffer.get(), stop);
+    if (stop.load())
         return QString();
-    }
-    if (!ok) {
-        const QString why = out.error() != QFileDevice::NoError ? out.errorString()
-                                                                : QStringLiteral("the damaged file could not be read");
-        out.cancelWriting();
-        return why;
-    }
-    if (!out.commit())
+    if (out.failed() || !file.flush())
         return out.errorString();
+    file.setPermissions(kResultPermissions);
+    if (::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(outPath).constData()) != 0)
+        return QString::fromLocal8Bit(std::strerror(errno));
+    file.setAutoRemove(false);
     *written = true;
     return QString();
 }
