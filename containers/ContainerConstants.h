@@ -112,7 +112,7 @@ constexpr quint64 kMinTag = kTagHead + kTrailer;
 // The first data byte of a video tag, written in binary, has this many
 // digits when the tag opens a run the copy may start with.
 constexpr int kStartDigits[] = {5, 7};
-constexpr double kMsPerSecond = 1000;
+constexpr quint32 kMsPerSecond = 1000;
 
 // The new file's head: signature, version 1, sound and video, head size 9,
 // and the zero size of the tag before the first.

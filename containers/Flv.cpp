@@ -87,6 +87,10 @@ bool scanTags(BufferedReader &src, QFile &log, const std::atomic<bool> &stop, St
     quint32 first = 0, last = 0;
     RepairLine cipher;
     for (quint64 o = 0; !stop.load(std::memory_order_relaxed);) {
+        if (progress && o >= shown + step) {
+            shown = o;
+            progress->setValue(qint64(o));
+        }
         o = nextCandidate(src, o);
         quint8 head[kTagHead + 1];
         const qint64 d = o < size ? wholeTag(src, o, head) : -1;
@@ -115,13 +119,9 @@ bool scanTags(BufferedReader &src, QFile &log, const std::atomic<bool> &stop, St
             ++r.passedTags;
         }
         o += whole;
-        if (progress && o >= shown + step) {
-            shown = o;
-            progress->setValue(qint64(o));
-        }
     }
     if (last > first)
-        r.duration = double((last - first) / quint32(kMsPerSecond));
+        r.duration = double((last - first) / kMsPerSecond);
     return logged;
 }
 
@@ -270,8 +270,10 @@ Result Repair(BufferedReader &src, QFile &log, const QString &outPath, const std
               StageProgress *progress)
 {
     Result r;
-    if (!log.isOpen() || !src.isOpen()) {
-        r.error = QStringLiteral("the work log or the file could not be opened");
+    if (!src.isOpen())
+        return r;
+    if (!log.isOpen()) {
+        r.error = QStringLiteral("the work log could not be opened");
         return r;
     }
     if (progress)
