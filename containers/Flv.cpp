@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
-#include <QtEndian>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
