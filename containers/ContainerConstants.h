@@ -141,3 +141,56 @@ constexpr qint64 kProgressRange = 500000, kProgressSearch = 400000;
 constexpr char kIndexName[] = "Index.avi";
 
 } // namespace avi
+// FLV: a chain of tags, each a head, its data and then the size of head and
+// data. A repair copies the whole tags behind a new file head and a new
+// metadata script tag.
+namespace flv {
+
+constexpr quint8 kSoundTag = 8, kVideoTag = 9, kScriptTag = 18;
+constexpr quint64 kTagHead = 11;   // type, 3-byte data size, timestamp, stream id
+constexpr quint64 kSizeAt = 1;     // the 3-byte data size D
+constexpr quint64 kTimeAt = 4;     // the low 3 bytes of the timestamp, in ms
+constexpr quint64 kTrailer = 4;    // the tag size P behind the data: D + 11
+constexpr quint64 kMinTag = kTagHead + kTrailer;
+// The first data byte of a video tag, written in binary, has this many
+// digits when the tag opens a run the copy may start with.
+constexpr int kStartDigits[] = {5, 7};
+constexpr quint32 kMsPerSecond = 1000;
+
+// The new file's head: signature, version 1, sound and video, head size 9,
+// and the zero size of the tag before the first.
+constexpr quint8 kFileHead[] = {'F', 'L', 'V', 0x01, 0x05, 0x00, 0x00, 0x00, 0x09, 0x00, 0x00, 0x00, 0x00};
+// The script tag's data opens with the name string and an array of 15.
+constexpr quint8 kMetaOpen[] = {0x02, 0x00, 0x0A, 'o', 'n', 'M', 'e', 't', 'a', 'D', 'a', 't', 'a',
+                                0x08, 0x00, 0x00, 0x00, 0x0F};
+constexpr quint8 kMetaClose[] = {0x00, 0x00, 0x00, 0x09};
+constexpr quint8 kNumberType = 0x00; // an entry's type byte: an 8-byte big-endian double
+constexpr quint64 kStampBytes = 7;   // timestamp and stream id of the script tag: zero
+
+// The entries of the new script tag, in order; the copied ones only when the
+// damaged file's own script tag is whole.
+enum class MetaValue { Duration, Zero, Copied };
+struct MetaEntry
+{
+    const char *name;
+    MetaValue value;
+};
+constexpr MetaEntry kMetaEntries[] = {
+    {"duration", MetaValue::Duration},     {"starttime", MetaValue::Zero},
+    {"width", MetaValue::Copied},          {"height", MetaValue::Copied},
+    {"videodatarate", MetaValue::Copied},  {"framerate", MetaValue::Copied},
+    {"videocodecid", MetaValue::Copied},   {"audiodatarate", MetaValue::Copied},
+    {"audiocodecid", MetaValue::Copied},
+};
+
+// Files shorter than this get no output. The old script tag is looked for
+// at offsets below kScriptSearchEnd; its values from kValueSearchFrom bytes
+// into it.
+constexpr quint64 kMinFileSize = 15001;
+constexpr quint64 kScriptSearchEnd = 15000;
+constexpr quint64 kValueSearchFrom = 45;
+
+// The scan reports progress about this many times.
+constexpr quint64 kProgressSteps = 1024;
+
+} // namespace flv

@@ -4,12 +4,6 @@
 
 #include "repair/ThreadVideoRepair.h"
 
-void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
-{
-    StageNotBuilt("FLV", false);
-    Q_EMIT WriteStatus(false, hasVideo_Strh, fileName, false);
-}
-
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
 void ThreadVideoRepair::RepairAsfFile(const QString &) {}

@@ -137,7 +137,8 @@ private Q_SLOTS:
             seen << x.name + (x.viaAviStatus ? ":avi" : ":status");
         // ASF reports twice in a first run; "Mkv" isn't a spelling of the MKV
         // path, so that file goes the atom way (and, being a healthy MP4, is remuxed).
-        QCOMPARE(seen, (QStringList{"a.AVI:avi", "b.mkv:avi", "c.mpg:avi", "d.flv:status", "e.wmv:status",
+        // The FLV path finds no tags in an MP4 and gives no verdict.
+        QCOMPARE(seen, (QStringList{"a.AVI:avi", "b.mkv:avi", "c.mpg:avi", "e.wmv:status",
                                     "e.wmv:status", "f.Mkv:status"}));
     }
 

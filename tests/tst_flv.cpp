@@ -1,0 +1,279 @@
+// FLV repair: damaged copies of a 10 s H.264 + AAC FLV, repaired through
+// videomend-cli and by the stage itself. Pictures are compared by their
+// decoded checksums with the healthy file's, beside what ffmpeg's own stream
+// copy of the damaged file keeps.
+
+#include "containers/Flv.h"
+#include "repair/BufferedReader.h"
+#include "support/Fixtures.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+QByteArray readFile(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+bool writeFile(const QString &path, const QByteArray &data)
+{
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
+}
+
+QByteArray run(const QString &program, const QStringList &args)
+{
+    QProcess p;
+    p.start(program, args);
+    p.waitForFinished(300000);
+    return p.readAllStandardOutput();
+}
+
+quint32 be(const QByteArray &b, int at, int n)
+{
+    quint32 v = 0;
+    for (int i = 0; i < n; ++i)
+        v = v << 8 | quint8(b.at(at + i));
+    return v;
+}
+
+// 10 s, 320x240, a key frame every 2 s, large enough that 256 KiB of zeros
+// leave most of it.
+QString healthyFlv()
+{
+    const QString path = fixtures::dir() + "/flv_h264_aac.flv";
+    if (QFileInfo(path).size() > 0 || fixtures::ffmpeg().isEmpty())
+        return QFileInfo(path).size() > 0 ? path : QString();
+    const QString part = path + ".part";
+    run(fixtures::ffmpeg(), {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i",
+                             "testsrc2=size=320x240:rate=25:duration=10", "-f", "lavfi", "-i",
+                             "sine=frequency=440:duration=10:sample_rate=44100", "-c:v", "libx264", "-g", "50",
+                             "-b:v", "1500k", "-c:a", "aac", "-f", "flv", part});
+    return QFile::rename(part, path) ? path : QString();
+}
+
+// The tags of an FLV from its 13-byte head on: offset, type, first data byte.
+struct Tag
+{
+    int at;
+    quint8 type, first;
+};
+// Empty when a trailing size doesn't match its tag or the chain doesn't end
+// at the end of the file.
+QVector<Tag> tags(const QByteArray &b)
+{
+    QVector<Tag> out;
+    int at = 13;
+    while (at + 15 <= b.size()) {
+        const int d = int(be(b, at + 1, 3));
+        if (at + d + 15 > b.size() || be(b, at + 11 + d, 4) != quint32(d + 11))
+            return {};
+        out.append({at, quint8(b.at(at)), quint8(b.at(at + 11))});
+        at += d + 15;
+    }
+    return at == b.size() ? out : QVector<Tag>();
+}
+
+QStringList pictureSums(const QString &path)
+{
+    QStringList sums;
+    const QByteArray text = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v", "-f", "framemd5", "-"});
+    for (const QByteArray &line : text.split('\n'))
+        if (!line.startsWith('#') && line.contains(','))
+            sums << QString::fromLatin1(line.mid(line.lastIndexOf(',') + 1).trimmed());
+    return sums;
+}
+
+// Pictures of `got` that decode as one of the healthy file's do.
+int identical(const QStringList &got, QStringList healthy)
+{
+    int n = 0;
+    for (const QString &s : got)
+        n += healthy.removeOne(s) ? 1 : 0;
+    return n;
+}
+
+double soundSeconds(const QString &path)
+{
+    const QByteArray pcm = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:a", "-ac", "1", "-ar",
+                                          "8000", "-f", "s16le", "-"});
+    return pcm.size() / 16000.0;
+}
+
+QByteArray damage(const QByteArray &healthy, const QString &kind)
+{
+    QByteArray b = healthy;
+    QByteArray noise(300000, '\0');
+    QRandomGenerator(11).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
+    if (kind == "cut at 70%")
+        b.truncate(b.size() * 7 / 10);
+    else if (kind == "head zeroed") // the file head and its script tag
+        b.replace(0, 13 + 15 + int(be(b, 14, 3)), QByteArray(13 + 15 + int(be(b, 14, 3)), '\0'));
+    else if (kind == "script damaged") // its trailing size no longer matches
+        b[13 + 11 + int(be(b, 14, 3)) + 3] = 0x7F;
+    else if (kind == "256 KiB zeros")
+        b.replace(b.size() / 2, 256 << 10, QByteArray(256 << 10, '\0'));
+    else if (kind == "under 15001 bytes")
+        b.truncate(15000);
+    else if (kind == "random")
+        b = noise;
+    else if (kind == "zeros")
+        b = QByteArray(300000, '\0');
+    else if (kind == "empty")
+        b.clear();
+    else if (kind == "D 0xFFFFFF") // sound and video heads that claim 16 MB
+        b = QByteArray("\x09\xFF\xFF\xFF\0\0\0\0\0\0\0\x17\x08\xFF\xFF\xFF", 16).repeated(20000);
+    else if (kind == "head cut mid-GOP") {
+        // From the first video tag behind 30% that doesn't open a run.
+        for (const Tag &t : tags(healthy))
+            if (t.at > healthy.size() * 3 / 10 && t.type == 9 && t.first >> 4 != 1) {
+                b = healthy.mid(t.at);
+                break;
+            }
+    }
+    return b;
+}
+} // namespace
+
+class TestFlv : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    // The whole path: the command-line front end on a damaged copy.
+    void repairs_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::addColumn<bool>("result");
+        for (const char *k : {"healthy", "cut at 70%", "head zeroed", "256 KiB zeros"})
+            QTest::newRow(k) << QString(k) << true;
+        for (const char *k : {"under 15001 bytes", "random", "zeros", "empty", "D 0xFFFFFF"})
+            QTest::newRow(k) << QString(k) << false;
+    }
+
+    void repairs()
+    {
+        QFETCH(QString, kind);
+        QFETCH(bool, result);
+        VM_FIXTURE(healthy, healthyFlv());
+        QTemporaryDir tmp;
+        const QString src = tmp.path() + "/clip.flv", work = tmp.path() + "/work";
+        QVERIFY(writeFile(src, damage(readFile(healthy), kind)) && QDir().mkpath(work));
+        const QByteArray before = fixtures::digest(src);
+
+        QProcess p;
+        p.start(VM_CLI_PATH, {"repair", "--work", work, "--", src});
+        QVERIFY(p.waitForFinished(300000));
+        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+        QCOMPARE(fixtures::digest(src), before);
+        const QString out = work + "/Repaired/clip.flv";
+        const QStringList left =
+            QDir(work + "/Repaired").entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+        if (!result) {
+            QCOMPARE(line.value(0), QString("Failed"));
+            QCOMPARE(left, QStringList());
+            return;
+        }
+        QCOMPARE(line.value(0), QString("Completed"));
+        QCOMPARE(line.value(2), out);
+        QCOMPARE(left, QStringList{"clip.flv"});
+
+        // Every trailing size matches its tag; the metadata's full form
+        // where the old script tag survived.
+        const QByteArray bytes = readFile(out);
+        const QVector<Tag> list = tags(bytes);
+        QVERIFY(!list.isEmpty());
+        QCOMPARE(list.first().type, quint8(18));
+        QCOMPARE(be(bytes, list.at(1).at - 4, 4), kind == "head zeroed" ? 0x48u : 0xDBu);
+
+        const QString baseline = tmp.path() + "/baseline.flv";
+        run("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", src, "-c", "copy", baseline});
+        const QStringList want = pictureSums(healthy);
+        const int got = identical(pictureSums(out), want), copied = identical(pictureSums(baseline), want);
+        const double sound = soundSeconds(out), baseSound = soundSeconds(baseline);
+        qInfo("%s: %d of %d pictures identical (ffmpeg's copy %d); sound %.2f s (ffmpeg's copy %.2f s, healthy %.2f s)",
+              qPrintable(kind), got, int(want.size()), copied, sound, baseSound, soundSeconds(healthy));
+        QVERIFY(want.size() == 250);
+        QVERIFY(got >= copied);
+        const bool whole = kind == "healthy" || kind == "head zeroed";
+        if (whole)
+            QCOMPARE(got, int(want.size()));
+        const double ref = whole ? soundSeconds(healthy) : baseSound;
+        QVERIFY2(qAbs(sound - ref) <= ref / 100, qPrintable(QString::number(sound)));
+    }
+
+    // The stage's rules, called directly.
+    void rules_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("head cut mid-GOP") << "head cut mid-GOP";
+        QTest::newRow("script damaged") << "script damaged";
+        QTest::newRow("under 15001 bytes") << "under 15001 bytes";
+    }
+
+    void rules()
+    {
+        QFETCH(QString, kind);
+        VM_FIXTURE(healthy, healthyFlv());
+        QTemporaryDir tmp;
+        const QString src = tmp.path() + "/clip.flv", out = tmp.path() + "/out.flv";
+        const QByteArray damaged = damage(readFile(healthy), kind);
+        QVERIFY(writeFile(src, damaged));
+        BufferedReader reader;
+        QFile log(tmp.path() + "/logFile.txt");
+        QVERIFY(reader.open(src) && log.open(QIODevice::ReadWrite));
+        const std::atomic<bool> stop{false};
+        const flv::Result r = flv::Repair(reader, log, out, stop, nullptr);
+        QVERIFY(r.videoSeen && r.error.isEmpty());
+        if (kind == "under 15001 bytes") {
+            QVERIFY(!r.written && !QFile::exists(out));
+            return;
+        }
+        QVERIFY(r.written);
+        const QByteArray bytes = readFile(out);
+        const QVector<Tag> list = tags(bytes);
+        QVERIFY(list.size() > 2);
+        if (kind == "head cut mid-GOP") {
+            // Nothing before the first key frame is taken, and it leads.
+            QVERIFY(r.passedTags > 0);
+            QCOMPARE(list.at(1).type, quint8(9));
+            QCOMPARE(list.at(1).first >> 4, 1);
+            QCOMPARE(quint64(bytes.size()), 13 + 15 + flv::MetaDataSize(r.fullMeta) + r.tagBytes);
+        } else {
+            // The short form, which ffmpeg reads: its duration in whole seconds.
+            QVERIFY(!r.fullMeta);
+            QCOMPARE(be(bytes, list.at(1).at - 4, 4), 0x48u);
+            const QByteArray d = run("ffprobe", {"-v", "error", "-show_entries", "format=duration", "-of",
+                                                 "csv=p=0", out});
+            QCOMPARE(d.trimmed().toDouble(), 9.0);
+        }
+    }
+
+    // A write the disk refuses leaves no file and reports none.
+    void failedWrite()
+    {
+        VM_FIXTURE(healthy, healthyFlv());
+        QTemporaryDir tmp;
+        const QString out = tmp.path() + "/out.flv";
+        const int status = fixtures::inChildWithFileLimit(400000, [&] {
+            BufferedReader reader;
+            QFile log(tmp.path() + "/logFile.txt");
+            const std::atomic<bool> stop{false};
+            if (!reader.open(healthy) || !log.open(QIODevice::ReadWrite))
+                return 2;
+            const flv::Result r = flv::Repair(reader, log, out, stop, nullptr);
+            return r.written || r.error.isEmpty() ? 1 : 0;
+        });
+        if (status < 0)
+            QSKIP("no file size limit here");
+        QCOMPARE(status, 0);
+        QCOMPARE(QDir(tmp.path()).entryList(QDir::Files), QStringList{"logFile.txt"});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFlv)
+#include "tst_flv.moc"
