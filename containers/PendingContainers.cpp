@@ -17,8 +17,6 @@ void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
 }
 
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
-void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
-void ThreadVideoRepair::RepairAsfFile(const QString &) {}
 
 void ThreadVideoRepair::RepairMkvFile(quint64, BufferedReader &)
 {
