@@ -354,8 +354,11 @@ void ThreadVideoRepair::RepairAsfFile(const QString &repairedDir)
 {
     RepairState &s = pApp;
     const QString output = repairedDir + "/" + strFileName;
-    if (sameFile(output, strAsfSource)) {
-        qWarning().noquote() << "The result would replace" << strAsfSource << ": not repaired";
+    const QString cleared = workfiles::OutputFolder() + "/" + strFileName; // the runner's output
+    const QString mine = s.bSampleRun ? strAsfSample : QString();
+    if (sameFile(output, strAsfSource) || sameFile(cleared, strAsfSource) || sameFile(output, mine) ||
+        sameFile(cleared, mine)) {
+        qWarning().noquote() << "The result would replace the damaged file or the sample: not repaired";
         s.bMoovParsed = false;
         s.bAsfMuxFailed = true;
         return;
