@@ -194,3 +194,82 @@ constexpr quint64 kValueSearchFrom = 45;
 constexpr quint64 kProgressSteps = 1024;
 
 } // namespace flv
+// ASF (WMV) files: objects by their GUIDs, bytes as they stand in the file;
+// sizes and fields are little-endian.
+namespace asf {
+
+struct Guid
+{
+    quint8 b[16];
+};
+constexpr Guid kHeaderObject = {{0x30, 0x26, 0xB2, 0x75, 0x8E, 0x66, 0xCF, 0x11, 0xA6, 0xD9, 0x00, 0xAA, 0x00, 0x62, 0xCE, 0x6C}};
+constexpr Guid kDataObject = {{0x36, 0x26, 0xB2, 0x75, 0x8E, 0x66, 0xCF, 0x11, 0xA6, 0xD9, 0x00, 0xAA, 0x00, 0x62, 0xCE, 0x6C}};
+constexpr Guid kFileProperties = {{0xA1, 0xDC, 0xAB, 0x8C, 0x47, 0xA9, 0xCF, 0x11, 0x8E, 0xE4, 0x00, 0xC0, 0x0C, 0x20, 0x53, 0x65}};
+constexpr Guid kStreamProperties = {{0x91, 0x07, 0xDC, 0xB7, 0xB7, 0xA9, 0xCF, 0x11, 0x8E, 0xE6, 0x00, 0xC0, 0x0C, 0x20, 0x53, 0x65}};
+constexpr Guid kContentDescription = {{0x33, 0x26, 0xB2, 0x75, 0x8E, 0x66, 0xCF, 0x11, 0xA6, 0xD9, 0x00, 0xAA, 0x00, 0x62, 0xCE, 0x6C}};
+constexpr Guid kExtContentDescription = {{0x40, 0xA4, 0xD0, 0xD2, 0x07, 0xE3, 0xD2, 0x11, 0x97, 0xF0, 0x00, 0xA0, 0xC9, 0x5E, 0xA8, 0x50}};
+constexpr Guid kCodecList = {{0x40, 0x52, 0xD1, 0x86, 0x1D, 0x31, 0xD0, 0x11, 0xA3, 0xA4, 0x00, 0xA0, 0xC9, 0x03, 0x48, 0xF6}};
+constexpr Guid kHeaderExtension = {{0xB5, 0x03, 0xBF, 0x5F, 0x2E, 0xA9, 0xCF, 0x11, 0x8E, 0xE3, 0x00, 0xC0, 0x0C, 0x20, 0x53, 0x65}};
+constexpr Guid kReserved1 = {{0x11, 0xD2, 0xD3, 0xAB, 0xBA, 0xA9, 0xCF, 0x11, 0x8E, 0xE6, 0x00, 0xC0, 0x0C, 0x20, 0x53, 0x65}};
+constexpr Guid kAudioMedia = {{0x40, 0x9E, 0x69, 0xF8, 0x4D, 0x5B, 0xCF, 0x11, 0xA8, 0xFD, 0x00, 0x80, 0x5F, 0x5C, 0x44, 0x2B}};
+constexpr Guid kVideoMedia = {{0xC0, 0xEF, 0x19, 0xBC, 0x4D, 0x5B, 0xCF, 0x11, 0xA8, 0xFD, 0x00, 0x80, 0x5F, 0x5C, 0x44, 0x2B}};
+
+// What the header scan does with an object it meets: where it keeps it and
+// how far it steps. An object that is smaller than minSize or runs past the
+// end of the file is no object: the scan steps one byte on.
+enum class Slot { Data, FileProperties, Content, ExtContent, Stream, CodecList };
+enum class Step {
+    DataHeader, // over the Data Object's fixed part, whose 26 bytes behind the size are kept
+    SizeLess2,  // the object size less 2
+    Size,       // the whole object
+};
+struct ObjectRow
+{
+    const Guid *guid;
+    Slot slot;
+    Step step;
+    quint64 minSize;
+};
+constexpr quint64 kObjectHeader = 24; // GUID and 64-bit size
+constexpr quint64 kSizeAt = 16;
+constexpr quint64 kDataHeader = 50;   // GUID, size, file ID, packet count, 2 reserved bytes
+constexpr quint64 kDataIdAt = 24, kDataIdBytes = 26;
+constexpr quint64 kFilePropertiesMin = 104;
+constexpr quint64 kMediaTypeAt = 24, kStreamMin = 40;
+constexpr ObjectRow kObjects[] = {
+    {&kDataObject, Slot::Data, Step::DataHeader, kDataHeader},
+    {&kFileProperties, Slot::FileProperties, Step::SizeLess2, kFilePropertiesMin},
+    {&kContentDescription, Slot::Content, Step::Size, kObjectHeader},
+    {&kExtContentDescription, Slot::ExtContent, Step::Size, kObjectHeader},
+    {&kStreamProperties, Slot::Stream, Step::Size, kStreamMin},
+    {&kCodecList, Slot::CodecList, Step::Size, kObjectHeader},
+};
+constexpr quint64 kScanLimit = 0x100000; // the header must start within this
+
+// File Properties fields, from the object's start.
+constexpr quint64 kPacketCountAt = 56, kPlayDurationAt = 64, kMaxPacketSizeAt = 96;
+
+// The rebuilt file: Header Object (GUID, size, count, two reserved bytes),
+// File Properties, an empty Header Extension, the kept objects, the Data Object.
+constexpr quint32 kHeaderCount = 7;
+constexpr quint8 kHeaderReserved[2] = {0x01, 0x02};
+constexpr quint64 kHeaderObjectFixed = 30;
+constexpr quint64 kHeaderSizeAt = 16;
+constexpr quint64 kOutPlayDurationAt = kHeaderObjectFixed + kPlayDurationAt; // 94
+constexpr quint64 kEmptyExtensionSize = 46; // GUID, size, reserved GUID, 6 as 16 bits, 0 data bytes
+constexpr quint16 kExtensionReserved2 = 6;
+
+// A data packet opens with 82 00 00 or 82 00 01, and the next one, a packet
+// size on, with 82. Its send time (milliseconds) is read 5 bytes in.
+constexpr quint8 kPacketLead = 0x82;
+constexpr quint8 kPacketThird[2] = {0x00, 0x01};
+constexpr quint64 kSendTimeAt = 5;
+constexpr quint64 kMinPacket = kSendTimeAt + 4;
+constexpr quint64 kSendTimeTo100ns = 10000;
+
+// Progress range of the packet scan: this for files below the bound, else the bound.
+constexpr quint64 kSmallRange = 5000000, kLargeRange = 0x6400000;
+constexpr quint64 kCopyBlock = 0x100000;
+constexpr quint32 kDefaultFps = 30;
+
+} // namespace asf

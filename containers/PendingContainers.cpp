@@ -5,8 +5,6 @@
 #include "repair/ThreadVideoRepair.h"
 
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
-void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
-void ThreadVideoRepair::RepairAsfFile(const QString &) {}
 
 void ThreadVideoRepair::RepairMkvFile(quint64, BufferedReader &)
 {

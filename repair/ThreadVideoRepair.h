@@ -5,6 +5,7 @@
 
 #include "carve/video/CarverArgs.h"
 #include "containers/Avi.h"
+#include "containers/Asf.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairState.h"
 #include "repair/StageProgress.h"
@@ -51,6 +52,7 @@ public:
     QString strMkvSample;
     QString strAsfSample;
     QString strAsfSource;
+    asf::Headers asfHeaders; // what ReadAsfHeaders kept of the file or the sample
     QString strOutputPath;
     QString strBaseCopy;
     QString strFinalName;  // output name after the mux stages' renaming rules
@@ -140,6 +142,8 @@ public:
     void RepairMtsFile();
     void ReadAsfHeaders();
     void RepairAsfFile(const QString &repairedDir);
+    // The remuxed output's header, then the damaged file from its first packet, into "1_" + name.
+    void JoinAsfResult(const QString &output, const QString &source);
     void RepairMkvFile(quint64 size, BufferedReader &file);
     void RepairMpegFile(quint64 found, BufferedReader &file, quint64 size);
 

@@ -1,0 +1,301 @@
+// WMV and ASF files: a first run copies a file whose header is whole; with a
+// sample, a file without its header is written anew from the sample's header
+// and its own packets. Frames are compared by their decoded digests with the
+// healthy file and with what ffmpeg's own copy of the damaged file keeps.
+
+#include "containers/Asf.h"
+#include "containers/ContainerConstants.h"
+#include "repair/BufferedReader.h"
+#include "support/Fixtures.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtEndian>
+#include <QtTest>
+
+namespace {
+const std::atomic<bool> kGo{false};
+
+QByteArray readFile(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+bool writeFile(const QString &path, const QByteArray &data)
+{
+    QFile f(path);
+    return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
+}
+
+QString run(const QString &program, const QStringList &args)
+{
+    QProcess p;
+    p.start(program, args);
+    p.waitForFinished(300000);
+    return QString::fromUtf8(p.readAllStandardOutput());
+}
+
+// Made once in the fixture folder: ~10 s clips, 5 s samples of other content.
+QString clip(const QString &name, const QStringList &inputs, const QString &seconds)
+{
+    const QString path = fixtures::dir() + "/" + name;
+    if (QFileInfo(path).size() > 0 || fixtures::ffmpeg().isEmpty())
+        return QFileInfo(path).size() > 0 ? path : QString();
+    QStringList args = QStringList{"-v", "error", "-nostdin", "-y"} + inputs;
+    args << "-t" << seconds << "-c:v" << "wmv2" << "-c:a" << "wmav2" << path + ".part.asf";
+    run(fixtures::ffmpeg(), args);
+    return QFile::rename(path + ".part.asf", path) ? path : QString();
+}
+QString healthy(const QString &ext)
+{
+    return clip("asf_clip." + ext, {"-f", "lavfi", "-i", "testsrc=size=320x240:rate=25", "-f", "lavfi", "-i",
+                                    "sine=frequency=440"}, "10");
+}
+QString sample(const QString &ext)
+{
+    return clip("asf_sample." + ext, {"-f", "lavfi", "-i", "mandelbrot=size=320x240:rate=25", "-f", "lavfi", "-i",
+                                      "sine=frequency=1000:sample_rate=44100,volume=0.3"}, "5");
+}
+
+// The decoded frames' digests, in order.
+QStringList frames(const QString &path)
+{
+    QStringList out;
+    const QString text = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v", "-f", "framemd5", "-"});
+    for (const QString &line : text.split('\n'))
+        if (!line.startsWith('#') && line.count(',') >= 5)
+            out << line.section(',', 5).trimmed();
+    return out;
+}
+// How many of `healthy`'s frames `got` holds.
+int identical(const QStringList &healthy, QStringList got)
+{
+    int n = 0;
+    for (const QString &h : healthy)
+        n += got.removeOne(h) ? 1 : 0;
+    return n;
+}
+
+qint64 find(const QByteArray &file, const asf::Guid &g)
+{
+    return file.indexOf(QByteArray::fromRawData(reinterpret_cast<const char *>(g.b), sizeof g.b));
+}
+qint64 dataObject(const QByteArray &file) { return find(file, asf::kDataObject); }
+
+// The damages, applied to the healthy file's bytes.
+QByteArray damage(QByteArray d, const QString &how)
+{
+    const qint64 data = dataObject(d), fp = find(d, asf::kFileProperties);
+    if (how == "cut70")
+        d.truncate(d.size() * 7 / 10);
+    else if (how == "hdrzero")
+        d.replace(0, int(data), QByteArray(int(data), '\0'));
+    else if (how == "zeros")
+        d.replace(d.size() / 2, 256 << 10, QByteArray(256 << 10, '\0'));
+    else if (how == "random") {
+        QRandomGenerator(9).fillRange(reinterpret_cast<quint32 *>(d.data()), d.size() / 4);
+    } else if (how == "empty")
+        d.clear();
+    else if (how == "allzero")
+        d.fill('\0');
+    else if (how == "size2^62")
+        qToLittleEndian<quint64>(quint64(1) << 62, d.data() + fp + 16);
+    else if (how.startsWith("packet"))
+        qToLittleEndian<quint32>(how == "packet0" ? 0 : 0xFFFFFFFFu, d.data() + fp + asf::kMaxPacketSizeAt);
+    return d;
+}
+
+struct Repaired
+{
+    QString status, result;
+};
+// One CLI run in its own folder: neither the damaged file nor the sample
+// changes, and no "1_" file stays.
+Repaired repair(const QString &src, const QString &sampleFile)
+{
+    const QString work = QFileInfo(src).absolutePath() + "/work";
+    QDir().mkpath(work);
+    const QByteArray before = fixtures::digest(src);
+    const QByteArray sampleBefore = sampleFile.isEmpty() ? QByteArray() : fixtures::digest(sampleFile);
+    QStringList args{"repair", "--work", work};
+    if (!sampleFile.isEmpty())
+        args << "--sample" << sampleFile;
+    QProcess p;
+    p.start(VM_CLI_PATH, args << "--" << src);
+    if (!p.waitForFinished(120000) || p.exitStatus() != QProcess::NormalExit)
+        return {"crashed or hung", ""};
+    const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+    if (fixtures::digest(src) != before || (!sampleFile.isEmpty() && fixtures::digest(sampleFile) != sampleBefore))
+        return {"input changed", ""};
+    if (!QDir(work + "/Repaired").entryList({"1_*"}, QDir::Files | QDir::Hidden).isEmpty())
+        return {"1_ file left", ""};
+    return {line.value(0), line.value(2)};
+}
+} // namespace
+
+class TestAsf : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void repairs_data()
+    {
+        QTest::addColumn<QString>("ext");
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("withSample");
+        QTest::addColumn<QString>("status");
+        for (const QString ext : {"wmv", "asf"}) {
+            const QByteArray e = ext.toLatin1();
+            QTest::newRow(e + " whole") << ext << "none" << "clip." + ext << false << "Completed";
+            QTest::newRow(e + " cut 70%") << ext << "cut70" << "clip." + ext << false << "Completed";
+            QTest::newRow(e + " zeros mid") << ext << "zeros" << "clip." + ext << true << "Completed";
+            QTest::newRow(e + " header zeroed") << ext << "hdrzero" << "clip." + ext << false << "Awaiting Action";
+            QTest::newRow(e + " header zeroed, sample") << ext << "hdrzero" << "clip." + ext << true << "Completed";
+        }
+        QTest::newRow("upper-case suffix") << "wmv" << "hdrzero" << "clip.WMV" << true << "Completed";
+        QTest::newRow("dash and blank") << "wmv" << "hdrzero" << "-a b.wmv" << true << "Completed";
+        QTest::newRow("header zeroed, cut") << "asf" << "hdrzero+cut70" << "clip.asf" << true << "Completed";
+        QTest::newRow("header zeroed, zeros mid") << "wmv" << "hdrzero+zeros" << "clip.wmv" << true << "Completed";
+    }
+
+    void repairs()
+    {
+        QFETCH(QString, ext);
+        QFETCH(QString, how);
+        QFETCH(QString, name);
+        QFETCH(bool, withSample);
+        QFETCH(QString, status);
+        VM_FIXTURE(good, healthy(ext));
+        VM_FIXTURE(smp, sample(ext));
+        QTemporaryDir tmp;
+        const QString src = tmp.path() + "/" + name;
+        QByteArray bytes = readFile(good);
+        for (const QString &d : how.split('+'))
+            bytes = damage(bytes, d);
+        QVERIFY(writeFile(src, bytes));
+        const Repaired r = repair(src, withSample ? smp : QString());
+        QCOMPARE(r.status, status);
+        if (status != "Completed")
+            return;
+        // The baseline: ffmpeg's copy of the damaged file, and, where the
+        // header is gone, of the same damage with the header kept.
+        const QString copy = tmp.path() + "/copy." + ext, kept = tmp.path() + "/kept." + ext;
+        const bool header = how.startsWith("hdrzero");
+        QByteArray keptBytes = readFile(good);
+        for (const QString &d : how.split('+'))
+            keptBytes = d == "hdrzero" ? keptBytes : damage(keptBytes, d);
+        QVERIFY(writeFile(kept, keptBytes));
+        for (const QString &from : {src, kept})
+            run("ffmpeg", {"-v", "error", "-nostdin", "-i", from, "-c", "copy", from == src ? copy : copy + ".kept." + ext});
+        const QStringList want = frames(good), got = frames(r.result);
+        const int same = identical(want, got), baseSame = identical(want, frames(copy));
+        const int keptSame = identical(want, frames(copy + ".kept." + ext));
+        const fixtures::Streams s = fixtures::probe(r.result), b = fixtures::probe(copy + ".kept." + ext);
+        qInfo("%s %s: %d of %d frames identical, ffmpeg's copy %d (header kept: %d); sound %.2f s of %.2f",
+              qPrintable(ext), qPrintable(how), same, want.size(), baseSame, keptSame, s.audioSeconds, b.audioSeconds);
+        // A first run is ffmpeg's copy; a rebuilt one loses at most what the
+        // last packet, with no packet behind it, held.
+        QVERIFY(header ? same >= keptSame - 2 : same == baseSame);
+        QVERIFY(qAbs(s.audioSeconds - b.audioSeconds) <= 0.01 * b.audioSeconds);
+    }
+
+    // The rebuilt file's header and Data Object sizes say what it holds; a
+    // packet at the very end of the file is taken.
+    void rebuiltStructure()
+    {
+        VM_FIXTURE(good, healthy("asf"));
+        VM_FIXTURE(smp, sample("asf"));
+        QTemporaryDir tmp;
+        const QByteArray whole = damage(readFile(good), "hdrzero");
+        const qint64 first = dataObject(readFile(good)) + qint64(asf::kDataHeader);
+        BufferedReader sampleReader;
+        QVERIFY(sampleReader.open(smp));
+        const asf::Headers h = asf::ReadHeaders(sampleReader, kGo);
+        QVERIFY(h.complete() && !h.audio.isEmpty() && h.packetSize > 0);
+        const qint64 packets = (whole.size() - first) / h.packetSize;
+        for (const qint64 cutAt : {qint64(whole.size()), first + packets / 2 * h.packetSize}) {
+            const QString src = tmp.path() + "/d.asf", out = tmp.path() + "/o.asf";
+            QVERIFY(writeFile(src, whole.left(int(cutAt))));
+            BufferedReader damaged;
+            QVERIFY(damaged.open(src));
+            const asf::Rebuilt r = asf::WriteFresh(h, damaged, out, nullptr, kGo);
+            QVERIFY(r.written);
+            // A whole file ends in its index, so its last packet has no packet behind it.
+            QCOMPARE(qint64(r.packets), cutAt == whole.size() ? packets - 1 : packets / 2);
+            const QByteArray o = readFile(out);
+            const qint64 data = dataObject(o);
+            QCOMPARE(qFromLittleEndian<quint64>(o.constData() + asf::kHeaderSizeAt), quint64(data));
+            QCOMPARE(qFromLittleEndian<quint64>(o.constData() + data + 16), quint64(o.size() - data));
+            QCOMPARE(qFromLittleEndian<quint32>(o.constData() + 24), asf::kHeaderCount);
+            QCOMPARE(o.mid(int(data) + int(asf::kDataHeader), 64), whole.mid(int(first), 64));
+        }
+    }
+
+    // Headers that can't serve: past the first MiB, no video, absurd fields;
+    // packets of size 0 or beyond the file. Nothing is written for them.
+    void badHeadersAndPackets()
+    {
+        VM_FIXTURE(good, healthy("wmv"));
+        QTemporaryDir tmp;
+        const QByteArray bytes = readFile(good);
+        for (const QString how : {"size2^62", "packet0", "packetFFFFFFFF", "random", "allzero", "empty"}) {
+            const QString path = tmp.path() + "/" + how + ".wmv", out = tmp.path() + "/out.wmv";
+            QVERIFY(writeFile(path, damage(bytes, how)));
+            BufferedReader file;
+            QVERIFY(file.open(path));
+            const asf::Headers h = asf::ReadHeaders(file, kGo);
+            QCOMPARE(h.complete(), how.startsWith("packet"));
+            const asf::Rebuilt r = asf::WriteFresh(h, file, out, nullptr, kGo);
+            QVERIFY2(!r.written && r.packets == 0 && !QFile::exists(out), qPrintable(how));
+        }
+    }
+
+    void waitsOrFails_data()
+    {
+        QTest::addColumn<QString>("damaged"); // big, sound, or a damage of the clip
+        QTest::addColumn<QString>("sampleKind"); // "", good, random, mp4, or a damage of the sample
+        QTest::addColumn<QString>("status"); // "": any, but no crash, hang, changed input or "1_" file
+        QTest::newRow("header past 1 MiB") << "big" << "" << "Awaiting Action";
+        QTest::newRow("sound only") << "sound" << "" << "Awaiting Action";
+        QTest::newRow("size 2^62") << "size2^62" << "" << "Awaiting Action";
+        QTest::newRow("size 2^62, sample") << "size2^62" << "good" << "Completed";
+        QTest::newRow("packet size 0") << "packet0" << "" << "";
+        QTest::newRow("packet size 2^32-1") << "packetFFFFFFFF" << "" << "";
+        for (const QString how : {"random", "allzero", "empty"})
+            QTest::newRow(qPrintable(how + ", sample")) << how << "good" << "Failed";
+        for (const QString kind : {"random", "mp4", "packet0", "packetFFFFFFFF"})
+            QTest::newRow(qPrintable(kind + " sample")) << "hdrzero" << kind << "Failed";
+    }
+
+    void waitsOrFails()
+    {
+        QFETCH(QString, damaged);
+        QFETCH(QString, sampleKind);
+        QFETCH(QString, status);
+        VM_FIXTURE(good, healthy("wmv"));
+        VM_FIXTURE(smp, sample("wmv"));
+        VM_FIXTURE(mp4, fixtures::healthy("h264_aac.mp4"));
+        const QString meta = fixtures::dir() + "/asf_comment.txt";
+        QVERIFY(writeFile(meta, ";FFMETADATA1\ncomment=" + QByteArray(1300000, 'x') + "\n"));
+        VM_FIXTURE(big, clip("asf_bigheader.wmv", {"-f", "lavfi", "-i", "testsrc=size=320x240", "-f", "ffmetadata",
+                                                   "-i", meta, "-map", "0", "-map_metadata", "1"}, "2"));
+        VM_FIXTURE(sound, clip("asf_sound.asf", {"-f", "lavfi", "-i", "sine"}, "3"));
+        QTemporaryDir tmp;
+        const QString src = tmp.path() + "/" + (damaged == "sound" ? "sound.asf" : "clip.wmv");
+        const QString from = damaged == "big" ? big : damaged == "sound" ? sound : good;
+        QVERIFY(writeFile(src, damage(readFile(from), damaged)));
+        QString sampleFile = sampleKind.isEmpty() ? QString() : sampleKind == "good" ? smp : tmp.path() + "/s.wmv";
+        if (sampleKind != "good" && !sampleKind.isEmpty())
+            QVERIFY(writeFile(sampleFile, sampleKind == "mp4" ? readFile(mp4) : damage(readFile(smp), sampleKind)));
+        const Repaired r = repair(src, sampleFile);
+        QVERIFY2(QStringList({"Completed", "Awaiting Action", "Failed"}).contains(r.status), qPrintable(r.status));
+        if (!status.isEmpty())
+            QCOMPARE(r.status, status);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestAsf)
+#include "tst_asf.moc"
