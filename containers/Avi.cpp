@@ -26,7 +26,7 @@ bool confirms(BufferedReader &f, quint64 at)
     return false;
 }
 
-// One piece of a stream header as it is written: bytes copied from the found
+// One piece of a stream header in the new file: bytes copied from the found
 // header (offset from B), zeros, the stream's type, or a count the chunk scan
 // made.
 enum class Part : quint8 { Copy, Zeros, Type, VideoChunks, SoundBytes };
