@@ -14,12 +14,6 @@ void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
 void ThreadVideoRepair::RepairAsfFile(const QString &) {}
 
-void ThreadVideoRepair::RepairMkvFile(quint64, BufferedReader &)
-{
-    StageNotBuilt("MKV/WebM", false);
-    Q_EMIT WriteAVIFileStatus(hasVideo_Strh, strFileName);
-}
-
 void ThreadVideoRepair::RepairMpegFile(quint64, BufferedReader &, quint64)
 {
     StageNotBuilt("MPEG program stream", false);
