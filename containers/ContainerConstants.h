@@ -203,5 +203,6 @@ constexpr quint64 kClusterSkip = 17;        // past a Cluster's ID, size and tim
 constexpr quint64 kMaxAdtsPayload = 8185;   // a block this large or larger...
 constexpr quint64 kOversizeAudio = 300;     // ...gives only this many bytes
 constexpr qint64 kPercentRange = 100;
+constexpr size_t kLookAhead = 64;           // where the next cluster is sought first
 
 } // namespace mkv

@@ -53,25 +53,43 @@ const FollowRow kFollowRows[] = {
     {kAfterCluster, std::size(kAfterCluster)},
 };
 
-// Copies n bytes of `file` from `pos` to `out` through a bounded buffer, no
-// further than the end of the file. False when `out` refused bytes.
-bool copyOut(BufferedReader &file, quint64 pos, quint64 n, QIODevice &out)
+// A work file of the carve. Pieces of the damaged file go to it no further
+// than the file's end, a window of the reader at a time: nothing is read or
+// allocated by a length. (The kernel's file-to-file copy was slower here:
+// the pieces are NAL units of tens of kilobytes.)
+class Sink
 {
-    const quint64 size = file.size();
-    n = pos >= size ? 0 : std::min(n, size - pos);
-    while (n) {
-        size_t len = 0;
-        const quint8 *p = file.span(pos, &len);
-        if (!p || !len)
-            return true;
-        const qint64 k = qint64(std::min<quint64>(n, len));
-        if (out.write(reinterpret_cast<const char *>(p), k) != k)
-            return false;
-        pos += quint64(k);
-        n -= quint64(k);
+public:
+    Sink(QIODevice &device, BufferedReader &src) : m_device(device), m_src(src) {}
+    void write(const void *bytes, qint64 n)
+    {
+        if (m_device.write(static_cast<const char *>(bytes), n) != n)
+            m_failed = true;
     }
-    return true;
-}
+    // Returns the count of bytes the file held.
+    quint64 copy(quint64 pos, quint64 n, const std::atomic<bool> &stop)
+    {
+        const quint64 size = m_src.size();
+        n = pos >= size ? 0 : std::min(n, size - pos);
+        for (quint64 left = n; left && !m_failed && !stop;) {
+            size_t len = 0;
+            const quint8 *p = m_src.span(pos, &len);
+            if (!p || !len)
+                break;
+            const qint64 k = qint64(std::min<quint64>(left, len));
+            write(p, k);
+            pos += quint64(k);
+            left -= quint64(k);
+        }
+        return n;
+    }
+    bool failed() const { return m_failed; }
+
+private:
+    QIODevice &m_device;
+    BufferedReader &m_src;
+    bool m_failed = false;
+};
 
 class Percent
 {
@@ -210,9 +228,15 @@ ClusterList ListClusters(BufferedReader &file, quint64 from, QIODevice &log, Rep
     const quint64 size = file.size();
     if (progress)
         progress->setRange(qint64(quint32(size)));
+    bool listed = false;
     for (quint64 pos = from; pos + 4 <= size && !stop;) {
-        size_t len = 0;
-        const quint8 *p = file.span(pos, &len);
+        // Behind a listed cluster the next one stands a few bytes on: a short
+        // look there first spares reading the cluster's body.
+        size_t len = kLookAhead;
+        const quint8 *p = listed ? file.peek(pos, len) : nullptr;
+        if (!p)
+            p = file.span(pos, &len);
+        listed = false;
         if (!p)
             break;
         const void *hit = std::memchr(p, kCluster[0], len);
@@ -249,6 +273,7 @@ ClusterList ListClusters(BufferedReader &file, quint64 from, QIODevice &log, Rep
         if (progress)
             progress->setValue(qint64(list.bytes));
         pos = at + s.value + 1;
+        listed = true;
     }
     return list;
 }
@@ -354,10 +379,7 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
     if (progress)
         progress->setRange(kPercentRange);
     Percent percent(progress, size);
-    auto write = [&](QIODevice &out, const void *bytes, qint64 n) {
-        if (out.write(static_cast<const char *>(bytes), n) != n)
-            c.written = false;
-    };
+    Sink videoOut(video, file), audioOut(audio, file);
     // The next `byte` from `from`: runs of other bytes (blank or not) are
     // passed over a window at a time.
     auto next = [&](quint64 from, quint8 byte) {
@@ -378,7 +400,7 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
     while (pos < size && !stop && !file.tagAt(pos, kCluster))
         pos = next(pos + 1, quint8(kCluster[0]));
     static const quint8 kStartCode[4] = {0, 0, 0, 1};
-    while (pos < size && !stop && c.written) {
+    while (pos < size && !stop && !videoOut.failed() && !audioOut.failed()) {
         if (file.u8(pos) != kSimpleBlock) {
             pos = next(pos + 1, kSimpleBlock);
             continue;
@@ -406,11 +428,9 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
                     ++pos; // a length of 0 would never move on
                     break;
                 }
-                write(video, kStartCode, 4);
-                if (!copyOut(file, pos + 4, n, video))
-                    c.written = false;
+                videoOut.write(kStartCode, 4);
+                c.videoBytes += videoOut.copy(pos + 4, n, stop);
                 ++c.videoUnits;
-                c.videoBytes += std::min(n, size - std::min(size, pos + 4));
                 pos += 4 + n;
                 percent.at(pos);
                 if (file.u8(pos) == kSimpleBlock)
@@ -434,11 +454,9 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
                 quint8 head[7];
                 for (int i = 0; i < 7; ++i)
                     head[i] = quint8(state.nAdtsBytes[i]);
-                write(audio, head, 7);
-                if (!copyOut(file, pos, n, audio))
-                    c.written = false;
+                audioOut.write(head, 7);
+                c.audioBytes += audioOut.copy(pos, n, stop);
                 ++c.audioFrames;
-                c.audioBytes += n;
             }
             pos += n;
             percent.at(pos);
@@ -446,6 +464,7 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
             pos = track + 1;
         }
     }
+    c.written = !videoOut.failed() && !audioOut.failed();
     return c;
 }
 

@@ -4,6 +4,7 @@
 // input are checked on the engine directly.
 
 #include "containers/Mkv.h"
+#include "rebuild/LogReader.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 #include "repair/RepairState.h"
@@ -99,6 +100,19 @@ int keptPackets(const QString &healthy, int s, qint64 from, qint64 to)
     return kept;
 }
 
+// The rebuilt file's Segment size reaches the end, and its SeekHead entries
+// land on Info and Tracks. Empty when all holds.
+QString rebuiltFault(const QByteArray &f)
+{
+    const int segment = 43 + 12, tracks = segment + quint8(f[segment + 33]) * 256 + quint8(f[segment + 34]);
+    int n = 0;
+    if (vint(f, 47, &n) != quint64(f.size() - segment) || n != 8)
+        return "Segment size";
+    if (f.mid(segment + 229, 4) != QByteArray::fromHex("1549A966"))
+        return "Info position";
+    return f.mid(tracks, 4) == QByteArray::fromHex("1654AE6B") ? QString() : "Tracks position";
+}
+
 // Which way made a result: the carve's mux writes QuickTime, the rebuild
 // starts with its own WebM head, ffmpeg's remux with its own.
 int wayOf(const QByteArray &result)
@@ -184,8 +198,10 @@ private Q_SLOTS:
         // The cluster list and the carve drop each cluster the damage touches.
         QCOMPARE(mine, keptPackets(healthy, 0, from, to));
         const int keptSound = keptPackets(healthy, 1, from, to);
-        if (way == 3)
+        if (way == 3) {
+            QCOMPARE(rebuiltFault(readAll(o.output)), QString());
             QCOMPARE(sound, keptSound);
+        }
         else // the carve drops a cluster's last block when it is sound
             QVERIFY(sound <= keptSound && sound >= keptSound - list.size());
     }
@@ -200,6 +216,35 @@ private Q_SLOTS:
         QVERIFY(QDir(tmp.path()).mkdir("out"));
         QCOMPARE(repair(crc, tmp.path() + "/out").status, QString("Failed"));
         QCOMPARE(QDir(tmp.path() + "/out").entryList(QDir::Files), QStringList());
+    }
+
+    // Cluster IDs behind a seek entry, without a timecode first, or of an
+    // unknown size aren't listed; the others are, with their timecodes.
+    void clusterList()
+    {
+        const QByteArray bytes = QByteArray::fromHex("1f43b67553ac820100"
+                                                     "1f43b67585e781050000" // listed at 9, 10 bytes
+                                                     "1f43b67584e7810900"   // listed at 19, 9 bytes
+                                                     "1f43b67583bf8100"     // a CRC-32 first
+                                                     "1c53bb6b80"
+                                                     "1f43b67501ffffffffffffffe781011c53bb6b80");
+        QTemporaryDir tmp;
+        QVERIFY(writeAll(tmp.path() + "/c.mkv", bytes));
+        BufferedReader r;
+        QVERIFY(r.open(tmp.path() + "/c.mkv"));
+        QFile log(tmp.path() + "/log.txt");
+        QVERIFY(log.open(QIODevice::WriteOnly));
+        RepairLine cipher;
+        const mkv::ClusterList list = mkv::ListClusters(r, 0, log, cipher, nullptr, std::atomic<bool>{false});
+        log.close();
+        QCOMPARE(list.clusters, quint64(2));
+        QCOMPARE(list.firstTimecode, quint64(5));
+        QCOMPARE(list.lastTimecode, quint64(9));
+        rebuild::LogReader lines(log.fileName(), rebuild::LineForm::Pair);
+        QList<QPair<quint64, quint64>> got;
+        for (rebuild::Piece p; lines.next(p);)
+            got << qMakePair(p.offset, p.size);
+        QCOMPARE(got, (QList<QPair<quint64, quint64>>{{9, 10}, {19, 9}}));
     }
 
     void sizes()
