@@ -12,9 +12,7 @@
 #include "support/MediaCompare.h"
 
 #include <QBuffer>
-#include <QProcess>
 #include <QRandomGenerator>
-#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -26,6 +24,14 @@ bool writeAll(const QString &path, const QByteArray &bytes)
 {
     QFile f(path);
     return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
+}
+
+// The bytes as a file in `tmp`, opened for the engine; null when that fails.
+std::unique_ptr<BufferedReader> reader(const QTemporaryDir &tmp, const QByteArray &bytes)
+{
+    auto r = std::make_unique<BufferedReader>();
+    const QString path = tmp.path() + "/bytes.mkv";
+    return writeAll(path, bytes) && r->open(path) ? std::move(r) : nullptr;
 }
 
 const char kH264[] = "-c:v libx264 -preset ultrafast -g 25 -pix_fmt yuv420p -c:a aac -b:a 128k -ac 2";
@@ -75,7 +81,8 @@ quint64 vint(const QByteArray &d, qint64 p, int *len, bool keepMarker = false)
 QVector<QPair<qint64, qint64>> clusters(const QByteArray &d)
 {
     int n = 0, m = 0;
-    const qint64 segment = 4 + n + qint64(vint(d, 4, &n)) + 4;
+    const qint64 head = qint64(vint(d, 4, &n));
+    const qint64 segment = 4 + n + head + 4;
     vint(d, segment, &n);
     QVector<QPair<qint64, qint64>> out;
     for (qint64 p = segment + n; p + 4 <= d.size();) {
@@ -201,9 +208,9 @@ private Q_SLOTS:
         if (way == 3) {
             QCOMPARE(rebuiltFault(readAll(o.output)), QString());
             QCOMPARE(sound, keptSound);
-        }
-        else // the carve drops a cluster's last block when it is sound
+        } else { // the carve drops a cluster's last block when it is sound
             QVERIFY(sound <= keptSound && sound >= keptSound - list.size());
+        }
     }
 
     // A WebM whose clusters start with a CRC-32 element lists none.
@@ -229,13 +236,11 @@ private Q_SLOTS:
                                                      "1c53bb6b80"
                                                      "1f43b67501ffffffffffffffe781011c53bb6b80");
         QTemporaryDir tmp;
-        QVERIFY(writeAll(tmp.path() + "/c.mkv", bytes));
-        BufferedReader r;
-        QVERIFY(r.open(tmp.path() + "/c.mkv"));
+        const auto r = reader(tmp, bytes);
         QFile log(tmp.path() + "/log.txt");
-        QVERIFY(log.open(QIODevice::WriteOnly));
+        QVERIFY(r && log.open(QIODevice::WriteOnly));
         RepairLine cipher;
-        const mkv::ClusterList list = mkv::ListClusters(r, 0, log, cipher, nullptr, std::atomic<bool>{false});
+        const mkv::ClusterList list = mkv::ListClusters(*r, 0, log, cipher, nullptr, std::atomic<bool>{false});
         log.close();
         QCOMPARE(list.clusters, quint64(2));
         QCOMPARE(list.firstTimecode, quint64(5));
@@ -255,10 +260,9 @@ private Q_SLOTS:
         };
         QTemporaryDir tmp;
         for (const auto &s : kSizes) {
-            QVERIFY(writeAll(tmp.path() + "/s", QByteArray::fromHex(s.hex)));
-            BufferedReader r;
-            QVERIFY(r.open(tmp.path() + "/s"));
-            const mkv::EbmlSize e = mkv::ReadEbmlSize(r, 0);
+            const auto r = reader(tmp, QByteArray::fromHex(s.hex));
+            QVERIFY(r);
+            const mkv::EbmlSize e = mkv::ReadEbmlSize(*r, 0);
             QCOMPARE(e.length, s.length);
             QCOMPARE(e.value, s.value);
         }
@@ -286,15 +290,11 @@ private Q_SLOTS:
             "1f43b675"
             "a38b8100008000001000659999");  // 4096 claimed, 3 there
         QTemporaryDir tmp;
-        QVERIFY(writeAll(tmp.path() + "/c.mkv", bytes));
-        BufferedReader r;
-        QVERIFY(r.open(tmp.path() + "/c.mkv"));
+        const auto r = reader(tmp, bytes);
         QBuffer video, audio;
-        video.open(QIODevice::WriteOnly);
-        audio.open(QIODevice::WriteOnly);
+        QVERIFY(r && video.open(QIODevice::WriteOnly) && audio.open(QIODevice::WriteOnly));
         RepairState state;
-        const std::atomic<bool> stop{false};
-        const mkv::Carved c = mkv::CarveBlocks(r, video, audio, state, nullptr, stop);
+        const mkv::Carved c = mkv::CarveBlocks(*r, video, audio, state, nullptr, std::atomic<bool>{false});
         QCOMPARE(video.data().toHex(), QByteArray("000000016588" "00000001659999"));
         QCOMPARE(c.audioFrames, quint64(1));
         QCOMPARE(audio.data().toHex(), QByteArray("fff14c80013ffc" "1122"));
@@ -312,21 +312,18 @@ private Q_SLOTS:
         const std::atomic<bool> stop{false};
         for (const QByteArray &src : {head, noise})
             for (int n : {0, 1, 4, 5, 43, 100, 300, 599, 600}) {
-                QVERIFY(writeAll(tmp.path() + "/b.mkv", src.left(n)));
-                BufferedReader r;
-                QVERIFY(r.open(tmp.path() + "/b.mkv"));
+                const auto r = reader(tmp, src.left(n));
                 QBuffer log, video, audio;
-                log.open(QIODevice::WriteOnly);
-                video.open(QIODevice::WriteOnly);
-                audio.open(QIODevice::WriteOnly);
+                QVERIFY(r && log.open(QIODevice::WriteOnly) && video.open(QIODevice::WriteOnly)
+                        && audio.open(QIODevice::WriteOnly));
                 RepairLine cipher;
                 RepairState state;
-                mkv::FindHeads(r, r.size(), stop);
-                QCOMPARE(mkv::ListClusters(r, 0, log, cipher, nullptr, stop).clusters, quint64(0));
-                mkv::CarveBlocks(r, video, audio, state, nullptr, stop);
-                const quint64 id = mkv::FindAvcCodecId(r, r.size(), nullptr, stop);
+                mkv::FindHeads(*r, r->size(), stop);
+                QCOMPARE(mkv::ListClusters(*r, 0, log, cipher, nullptr, stop).clusters, quint64(0));
+                mkv::CarveBlocks(*r, video, audio, state, nullptr, stop);
+                const quint64 id = mkv::FindAvcCodecId(*r, r->size(), nullptr, stop);
                 if (id != mkv::kNotFound)
-                    mkv::ParameterSets(r, id);
+                    mkv::ParameterSets(*r, id);
             }
         QVERIFY(writeAll(tmp.path() + "/noise.mkv", noise));
         QVERIFY(QDir(tmp.path()).mkdir("out"));
