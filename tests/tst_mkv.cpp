@@ -225,31 +225,44 @@ private Q_SLOTS:
         QCOMPARE(QDir(tmp.path() + "/out").entryList(QDir::Files), QStringList());
     }
 
-    // Cluster IDs behind a seek entry, without a timecode first, or of an
-    // unknown size aren't listed; the others are, with their timecodes.
-    void clusterList()
+    // A file by hand: entries of a SeekHead naming Info and a Cluster, Info
+    // without a Duration, Tracks, two clusters listed, one behind a CRC-32 and
+    // one of unknown size not; the new file from them.
+    void rebuildByHand()
     {
-        const QByteArray bytes = QByteArray::fromHex("1f43b67553ac820100"
-                                                     "1f43b67585e781050000" // listed at 9, 10 bytes
-                                                     "1f43b67584e7810900"   // listed at 19, 9 bytes
-                                                     "1f43b67583bf8100"     // a CRC-32 first
-                                                     "1c53bb6b80"
+        const QByteArray bytes = QByteArray::fromHex("1a45dfa380" "1853806701ffffffffffffff"
+                                                     "53ab841549a966" "1f43b67553ac820100"
+                                                     "1549a966872ad7b1830f4240" // Info at 33
+                                                     "1654ae6b83ae8100"         // Tracks at 45
+                                                     "1f43b67584e7810a00"       // listed at 53, timecode 10
+                                                     "1f43b67584e7811e00"       // listed at 62, timecode 30
+                                                     "1f43b67583bf8100" "1c53bb6b80"
                                                      "1f43b67501ffffffffffffffe781011c53bb6b80");
         QTemporaryDir tmp;
         const auto r = reader(tmp, bytes);
         QFile log(tmp.path() + "/log.txt");
         QVERIFY(r && log.open(QIODevice::WriteOnly));
+        const std::atomic<bool> stop{false};
+        const mkv::Heads heads = mkv::FindHeads(*r, r->size(), stop);
+        QVERIFY(heads.found());
+        QCOMPARE(heads.tracksPos, quint64(45));
         RepairLine cipher;
-        const mkv::ClusterList list = mkv::ListClusters(*r, 0, log, cipher, nullptr, std::atomic<bool>{false});
+        const mkv::ClusterList list = mkv::ListClusters(*r, 0, log, cipher, nullptr, stop);
         log.close();
-        QCOMPARE(list.clusters, quint64(2));
-        QCOMPARE(list.firstTimecode, quint64(5));
-        QCOMPARE(list.lastTimecode, quint64(9));
         rebuild::LogReader lines(log.fileName(), rebuild::LineForm::Pair);
         QList<QPair<quint64, quint64>> got;
         for (rebuild::Piece p; lines.next(p);)
             got << qMakePair(p.offset, p.size);
-        QCOMPARE(got, (QList<QPair<quint64, quint64>>{{9, 10}, {19, 9}}));
+        QCOMPARE(got, (QList<QPair<quint64, quint64>>{{53, 9}, {62, 9}}));
+
+        const QString out = tmp.path() + "/out.webm";
+        QCOMPARE(mkv::WriteFile(out, heads, *r, *r, *r, log.fileName(), list, stop), QString());
+        const QByteArray f = readAll(out);
+        QCOMPARE(rebuiltFault(f), QString());
+        QCOMPARE(f.mid(43 + 12 + 229).toHex(), QByteArray("1549a966010000000000000e2ad7b1830f4240448984"
+                                                          "41a00000" // 20.0: last minus first timecode
+                                                          "1654ae6b83ae8100"
+                                                          "1f43b67584e7810a001f43b67584e7811e00"));
     }
 
     void sizes()
@@ -277,18 +290,20 @@ private Q_SLOTS:
         }
     }
 
-    // Blocks by hand: a zero NAL length, picture units, a sound block taken
-    // and the cluster's last one dropped, a unit longer than the file.
+    // Blocks by hand: a zero NAL length, picture units, sound blocks taken
+    // (one too large for an ADTS frame gives 300 bytes) and the cluster's
+    // last one dropped, a unit longer than the file.
     void carve()
     {
-        const QByteArray bytes = QByteArray::fromHex(
-            "1f43b67501000000000000ffe78100"
-            "a388810000800000000065"        // zero length: one byte on
-            "a38b81000080000000026588"      // a unit of 2
-            "a386820000801122"              // sound of 2, a block behind it
-            "a386820000803344"              // sound, the cluster's last: dropped
-            "1f43b675"
-            "a38b8100008000001000659999");  // 4096 claimed, 3 there
+        const QByteArray bytes = QByteArray::fromHex("1f43b67501000000000000ffe78100"
+                                                     "a388810000800000000065"   // zero length: one byte on
+                                                     "a38b81000080000000026588" // a unit of 2
+                                                     "a35ffd82000080")          // sound of 8185
+                                 + QByteArray(8185, '\0')
+                                 + QByteArray::fromHex("a386820000801122" // sound of 2, a block behind it
+                                                       "a386820000803344" // sound, the cluster's last: dropped
+                                                       "1f43b675"
+                                                       "a38b8100008000001000659999"); // 4096 claimed, 3 there
         QTemporaryDir tmp;
         const auto r = reader(tmp, bytes);
         QBuffer video, audio;
@@ -296,8 +311,9 @@ private Q_SLOTS:
         RepairState state;
         const mkv::Carved c = mkv::CarveBlocks(*r, video, audio, state, nullptr, std::atomic<bool>{false});
         QCOMPARE(video.data().toHex(), QByteArray("000000016588" "00000001659999"));
-        QCOMPARE(c.audioFrames, quint64(1));
-        QCOMPARE(audio.data().toHex(), QByteArray("fff14c80013ffc" "1122"));
+        QCOMPARE(c.audioFrames, quint64(2));
+        QCOMPARE(audio.data(), QByteArray::fromHex("fff14c80267ffc") + QByteArray(300, '\0')
+                                   + QByteArray::fromHex("fff14c80013ffc1122"));
         QCOMPARE(state.nSoundSampleRate, 48000u);
     }
 
