@@ -273,3 +273,68 @@ constexpr quint64 kCopyBlock = 0x100000;
 constexpr quint32 kDefaultFps = 30;
 
 } // namespace asf
+
+namespace mkv {
+
+// Element IDs, bytes in file order.
+constexpr char kEbmlHead[] = "\x1A\x45\xDF\xA3", kSegment[] = "\x18\x53\x80\x67", kSeekHead[] = "\x11\x4D\x9B\x74";
+constexpr char kInfo[] = "\x15\x49\xA9\x66", kTracks[] = "\x16\x54\xAE\x6B", kCluster[] = "\x1F\x43\xB6\x75";
+constexpr char kCues[] = "\x1C\x53\xBB\x6B", kTags[] = "\x12\x54\xC3\x67";
+constexpr quint8 kDuration[2] = {0x44, 0x89};
+constexpr quint8 kTimecode = 0xE7, kSimpleBlock = 0xA3, kVoid = 0xEC;
+constexpr quint8 kCodecPrivateByte = 'c'; // 63 A2, CodecPrivate
+// A SeekID of 4 bytes (53 AB 84) names the element behind it without being it;
+// so does a SeekPosition (53 AC 82 / 53 AC 83) behind a Cluster ID.
+constexpr quint8 kSeekIdEntry[3] = {0x53, 0xAB, 0x84};
+constexpr quint8 kSeekPosition[2] = {0x53, 0xAC};
+constexpr quint8 kSeekPositionSizes[] = {0x82, 0x83};
+constexpr quint8 kFloatSizes[] = {0x84, 0x88}; // the Duration's size byte: 4 or 8
+
+// The elements each kind may be followed by, to be taken; a Void (EC) always may.
+constexpr const char *kAfterHead[] = {kTracks, kInfo, kCluster, kCues, kTags, kSegment};
+constexpr const char *kAfterCluster[] = {kCluster, kCues};
+
+constexpr char kAvcCodecId[] = "V_MPEG4/ISO/AVC";
+constexpr size_t kAvcCodecIdLen = sizeof kAvcCodecId - 1;
+constexpr quint64 kSmallFile = 0xA00000;      // up to this size the codec ID isn't sought
+constexpr quint64 kCodecSearchShare = 100;    // the codec ID is sought in the first 1%
+constexpr quint64 kHeadSearchSteps = 100000;  // Info and Tracks: steps past the last hit
+constexpr quint64 kCodecPrivateReach = 0x200000;
+constexpr quint8 kSpsBytes[] = {0x67, 0x27};
+constexpr quint64 kMaxParameterSet = 0x1000;  // an SPS or PPS larger than this is no record
+
+// The new file: its EBML head (WebM), the segment size field's first byte,
+// a SeekHead naming Info and Tracks, and a Void.
+constexpr quint8 kWebmHead[43] = {0x1A, 0x45, 0xDF, 0xA3, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00,
+                                  0x1F, 0x42, 0x86, 0x81, 0x01, 0x42, 0xF7, 0x81, 0x01, 0x42, 0xF2,
+                                  0x81, 0x04, 0x42, 0xF3, 0x81, 0x08, 0x42, 0x82, 0x84, 'w',  'e',
+                                  'b',  'm',  0x42, 0x87, 0x81, 0x02, 0x42, 0x85, 0x81, 0x02};
+constexpr quint8 kEightByteSize = 0x01;     // first byte of an 8-byte size field
+// 33 bytes; the Tracks position (2 bytes, big-endian) follows.
+constexpr quint8 kSeekHeadBytes[33] = {0x11, 0x4D, 0x9B, 0x74, 0x9E,                    // SeekHead, 30
+                                       0x4D, 0xBB, 0x8C, 0x53, 0xAB, 0x84, 0x15, 0x49, // Seek: Info
+                                       0xA9, 0x66, 0x53, 0xAC, 0x82, 0x00, 0xE5,       // at 229
+                                       0x4D, 0xBB, 0x8C, 0x53, 0xAB, 0x84, 0x16, 0x54, // Seek: Tracks
+                                       0xAE, 0x6B, 0x53, 0xAC, 0x82};
+constexpr quint8 kVoidHead[9] = {0xEC, 0x01, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00, 0xB9};
+constexpr quint64 kVoidZeros = 185;
+constexpr quint64 kSegmentPrefix = 229;     // SeekHead (35) and Void (194) before Info
+constexpr quint64 kInfoHead = 12;           // Info ID and 8-byte size
+constexpr quint64 kDurationBytes = 7;       // 44 89 84 and a 4-byte float
+constexpr quint64 kTracksAfterInfo = kSegmentPrefix + kInfoHead + kDurationBytes; // 248 + Info stretches
+constexpr quint8 kDurationHead[3] = {0x44, 0x89, 0x84};
+
+// The block carve.
+constexpr quint8 kVideoTrack = 0x81, kAudioTrack = 0x82;
+constexpr quint64 kBlockHead = 4;           // track byte, 2-byte timecode, flags
+constexpr quint8 kAud[5] = {0x00, 0x00, 0x00, 0x02, 0x09};
+constexpr quint8 kNalHeads[] = {0x01, 0x06, 0x0C, 0x0E, 0x21, 0x25, 0x27, 0x28,
+                                0x41, 0x4E, 0x61, 0x65, 0x67, 0x68};
+constexpr quint8 kClusterPrefix[3] = {0x1F, 0x43, 0xB6};
+constexpr quint64 kClusterSkip = 17;        // past a Cluster's ID, size and timecode
+constexpr quint64 kMaxAdtsPayload = 8185;   // a block this large or larger...
+constexpr quint64 kOversizeAudio = 300;     // ...gives only this many bytes
+constexpr qint64 kPercentRange = 100;
+constexpr size_t kLookAhead = 64;           // where the next cluster is sought first
+
+} // namespace mkv

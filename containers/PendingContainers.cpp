@@ -6,12 +6,6 @@
 
 void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 
-void ThreadVideoRepair::RepairMkvFile(quint64, BufferedReader &)
-{
-    StageNotBuilt("MKV/WebM", false);
-    Q_EMIT WriteAVIFileStatus(hasVideo_Strh, strFileName);
-}
-
 void ThreadVideoRepair::RepairMpegFile(quint64, BufferedReader &, quint64)
 {
     StageNotBuilt("MPEG program stream", false);

@@ -315,7 +315,7 @@ VM_MUX_ENTRY(MpegPs)
 VM_MUX_ENTRY(Mkv)
 #undef VM_MUX_ENTRY
 
-bool ThreadVideoRepair::RunMuxRow(const QString &rowName, CarverArgs &args, const QString &outName)
+bool ThreadVideoRepair::RunMuxRow(const QString &rowName, CarverArgs &args, const QString &outName, bool *finished)
 {
     const Row *row = RowByName(rowName);
     if (!row)
@@ -345,5 +345,7 @@ bool ThreadVideoRepair::RunMuxRow(const QString &rowName, CarverArgs &args, cons
     if (row->logOutput && !r.output.isEmpty())
         qDebug().noquote() << r.output;
     s.bInMuxStage = false;
+    if (finished)
+        *finished = r.finished;
     return r.started;
 }

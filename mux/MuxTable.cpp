@@ -78,7 +78,7 @@ const Row kRows[] = {
      "-err_detect ignore_err -fflags +discardcorrupt -i {source} -map 0:v:0 -c:v copy -an {out}", false},
 
     {RowId::AsfRemux, "AsfRemux", Form::S, "-fflags +genpts -i {in} -c copy {alt}", false},
-    {RowId::MkvRemux, "MkvRemux", Form::S, "-fflags +genpts -i {in} -map 0 -c copy {out}", false},
+    {RowId::MkvRemux, "MkvRemux", Form::P, "-fflags +genpts -i {in} -map 0 -c copy {out}", false},
     // Built as a list, a name with a blank stays one argument here too.
     {RowId::ImkhRemux, "ImkhRemux", Form::S, "-r 25 -i {source} -map 0 -c copy {alt}.mkv", false},
     {RowId::DatRecode, "DatRecode", Form::S, "-i {source} -c:v libx264 -c:a aac -strict experimental {stem}.mov",

@@ -6,6 +6,7 @@
 #include "carve/video/CarverArgs.h"
 #include "containers/Avi.h"
 #include "containers/Asf.h"
+#include "containers/Mkv.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairState.h"
 #include "repair/StageProgress.h"
@@ -145,6 +146,16 @@ public:
     // The remuxed output's header, then the damaged file from its first packet, into "1_" + name.
     void JoinAsfResult(const QString &output, const QString &source);
     void RepairMkvFile(quint64 size, BufferedReader &file);
+    void RemuxMkv();
+    void CarveMkvWithSample(BufferedReader &file, quint64 codecId);
+    void CarveMkvBlocks(QFile &video);
+    void MuxMkvStreams(CarverArgs &args);
+    void ListMkvClusters();
+    // Each flag: Tracks or Info is read from the damaged file (1) or the
+    // sample (0). Empty on success, else the write error.
+    QString WriteMkvFile(int tracksFromFile, int infoFromFile);
+    mkv::Heads mkvHeads;          // where Info and Tracks stand
+    mkv::ClusterList mkvClusters; // what the cluster scan listed
     void RepairMpegFile(quint64 found, BufferedReader &file, quint64 size);
 
     // --- Mux stages: one per carving chain, all run by RunMuxStage ---
@@ -174,7 +185,9 @@ public:
     // One row of the command table by its name, into the work folder under
     // outName (strFileName when empty). False when the row is unknown or
     // ffmpeg could not be started.
-    bool RunMuxRow(const QString &rowName, CarverArgs &args, const QString &outName = QString());
+    // finished: set false when a row with a time limit was cut off.
+    bool RunMuxRow(const QString &rowName, CarverArgs &args, const QString &outName = QString(),
+                   bool *finished = nullptr);
 
     // --- Index rebuild ---
     void WriteRebuiltFile(const QString &logPath);
