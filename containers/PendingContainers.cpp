@@ -10,18 +10,11 @@ void ThreadVideoRepair::RepairFlvFile(const QString &fileName)
     Q_EMIT WriteStatus(false, hasVideo_Strh, fileName, false);
 }
 
-void ThreadVideoRepair::RepairMtsFile() { StageNotBuilt("MTS", false); }
 void ThreadVideoRepair::ReadAsfHeaders() { StageNotBuilt("ASF/WMV", false); }
 void ThreadVideoRepair::RepairAsfFile(const QString &) {}
 
 void ThreadVideoRepair::RepairMkvFile(quint64, BufferedReader &)
 {
     StageNotBuilt("MKV/WebM", false);
-    Q_EMIT WriteAVIFileStatus(hasVideo_Strh, strFileName);
-}
-
-void ThreadVideoRepair::RepairMpegFile(quint64, BufferedReader &, quint64)
-{
-    StageNotBuilt("MPEG program stream", false);
     Q_EMIT WriteAVIFileStatus(hasVideo_Strh, strFileName);
 }

@@ -23,6 +23,5 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
 #define VM_PENDING_ENTRY(name, what) \
     void ThreadVideoRepair::name(CarverArgs &) { StageNotBuilt(what, true); }
 
-VM_PENDING_ENTRY(RepairTsInMov, "MPEG transport stream")
 
 #undef VM_PENDING_ENTRY
