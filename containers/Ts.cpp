@@ -296,11 +296,10 @@ DemuxResult Demux(BufferedReader &src, QFile *videoFile, QFile *audioFile, const
         if (off >= kPacket)
             continue;
         if (unitStart) {
-            if (pid == videoPid && std::memcmp(pkt + off, kPesVideo, 4) != 0)
+            const int at = pesPayload(pkt, off);
+            if (!at || (pid == videoPid && std::memcmp(pkt + off, kPesVideo, 4) != 0))
                 continue;
-            off = pesPayload(pkt, off);
-            if (!off)
-                continue;
+            off = at;
         }
         const size_t n = size_t(kPacket - off);
         if (pid == videoPid) {
@@ -331,7 +330,6 @@ void ThreadVideoRepair::RepairMtsFile()
     RepairState &s = pApp;
     s.bMuxedResult = false;
     const QString path = strRepairedDir + "/" + strFileName;
-    s.lstRepairedFiles << path;
     QFile out(path);
     if (!containers::OpenNewOutput(out, pSource.path())) {
         s.carve.fail(outcome::Why::WriteFailed, out.errorString());
@@ -346,6 +344,7 @@ void ThreadVideoRepair::RepairMtsFile()
         s.carve.fail(outcome::Why::WriteFailed, r.errorText);
         qWarning().noquote() << "Could not write" << path << r.errorText;
     } else {
+        s.lstRepairedFiles << path;
         s.bMoovParsed = true;
         s.bMtsRepaired = true; // an output without packets counts as repaired too
     }

@@ -76,9 +76,12 @@ QString cameraMts(const QString &mts)
     return writeAll(out, cam) ? out : QString();
 }
 
-// The damages, applied to a copy. "tables zeroed": every PAT and PMT packet.
+// The damages, applied to a copy. "tables zeroed": every PAT and PMT packet;
+// "atom in front": 2000 bytes of an ftyp atom before the stream.
 QByteArray damage(const QByteArray &d, const QString &how, int packet)
 {
+    if (how == "atom in front")
+        return QByteArray::fromHex("000007d0") + QByteArray("ftyp").leftJustified(1996, '\0') + d;
     QByteArray b = d;
     if (how == "head zeroed")
         b.replace(0, 65536, QByteArray(65536, '\0'));
@@ -151,11 +154,12 @@ private Q_SLOTS:
         const QString done = "Completed", waits = "Awaiting Action";
         for (int k = 0; k < 5; ++k) {
             const bool mts = k < 2, mov = k == 2;
-            for (const char *how : {"none", "head zeroed", "tables zeroed", "cut 70%", "zeros mid"}) {
+            for (const char *how : {"none", "head zeroed", "tables zeroed", "cut 70%", "zeros mid", "atom in front"}) {
                 const QString h = how;
-                if (h == "tables zeroed" && !mts && !mov)
+                if ((h == "tables zeroed" && !mts && !mov) || (h == "atom in front" && !mov))
                     continue;
-                const bool lost = mov && (h == "head zeroed" || h == "tables zeroed");
+                // Taken apart into streams only with a sample.
+                const bool lost = mov && h != "none" && h != "cut 70%" && h != "zeros mid";
                 // Sequence (and system) headers gone from the first eighth.
                 const bool psHead = k >= 3 && h == "head zeroed";
                 QTest::newRow(qPrintable(QString("%1, %2").arg(kKinds[k].name, h)))
@@ -193,7 +197,7 @@ private Q_SLOTS:
         const QPair<int, int> want = frames(healthy), base = baseline(damaged, tmp.path());
         const QPair<int, int> got = final == "Completed" ? frames(line.value(2)) : qMakePair(0, 0);
         const QByteArray out = bytesOf(line.value(2));
-        QString path = QString(k.name).endsWith(".mpg") ? "program stream" : "transport stream";
+        QString path = QString(k.name).endsWith(".mpg") ? "new start" : status == "Completed" ? "remux" : "streams";
         const bool copy = kind == 1 && bytes.mid(4, 3) == QByteArray(ts::kMtsOwnPat, 3);
         if (mts) {
             // A camera's own tables at the head: a plain copy, from a running
