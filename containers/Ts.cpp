@@ -8,6 +8,7 @@
 #include "containers/ContainerConstants.h"
 #include "containers/ContainerOutput.h"
 #include "mux/MuxStages.h"
+#include "rebuild/RebuildOutput.h"
 #include "repair/BufferedReader.h"
 #include "repair/StageProgress.h"
 #include "repair/ThreadVideoRepair.h"
@@ -28,35 +29,67 @@ const MtsPattern *mtsClass(const quint8 *b)
     if (b[0] != kSync)
         return nullptr;
     for (const MtsPattern &p : kMtsClasses)
-        if (std::memcmp(b, p.bytes, size_t(p.length)) == 0)
+        if (p.bytes[1] == b[1] && p.bytes[2] == b[2] && (p.length == 3 || p.bytes[3] == b[3]))
             return &p;
     return nullptr;
 }
 
-// One fixed packet, filled up with FF.
-template <size_t N>
-void writeFixed(StreamOut &out, const quint8 (&bytes)[N])
+// Writes the MTS output: fixed packets through the file's buffer, and
+// packets that follow each other in the damaged file as one copy, made by
+// the kernel file to file where it can. A run is held back until a packet
+// lies elsewhere, a fixed packet goes between, or it has grown to kRunLimit.
+class MtsOut
 {
-    static_assert(N <= size_t(kMtsPacket), "a fixed packet fits in 192 bytes");
-    quint8 packet[kMtsPacket];
-    std::memset(packet, 0xFF, sizeof packet);
-    std::memcpy(packet, bytes, N);
-    out.write(packet, sizeof packet);
-}
+public:
+    MtsOut(QFile &file, BufferedReader &src, const std::atomic<bool> &stop)
+        : m_out(file), m_src(src), m_size(src.size()), m_stop(stop)
+    {
+    }
+    // Takes `len` bytes at `pos`, or what of them the file holds; returns how many.
+    quint64 take(quint64 pos, quint64 len)
+    {
+        if (pos >= m_size)
+            return 0;
+        len = qMin(len, m_size - pos);
+        if (pos != m_end || m_end - m_begin >= kRunLimit) {
+            flush();
+            m_begin = pos;
+        }
+        m_end = pos + len;
+        return len;
+    }
+    // One fixed packet, filled up with FF.
+    template <size_t N>
+    void fixed(const quint8 (&bytes)[N])
+    {
+        static_assert(N <= size_t(kMtsPacket), "a fixed packet fits in 192 bytes");
+        flush();
+        quint8 packet[kMtsPacket];
+        std::memset(packet, 0xFF, sizeof packet);
+        std::memcpy(packet, bytes, N);
+        m_out.write(packet, sizeof packet);
+    }
+    void flush()
+    {
+        if (m_end > m_begin) {
+            if (!m_buffer)
+                m_buffer.reset(new quint8[rebuild::kCopyBuffer]);
+            m_out.copyFrom(m_src, m_begin, m_end - m_begin, m_buffer.get(), m_stop);
+        }
+        m_begin = m_end;
+    }
+    bool failed() const { return m_out.failed(); }
+    QString errorString() const { return m_out.errorString(); }
 
-// `len` bytes from `pos`, or what of them the file holds.
-quint64 copyHeld(StreamOut &out, BufferedReader &src, quint64 pos, quint64 len)
-{
-    const quint64 size = src.size();
-    if (pos >= size)
-        return 0;
-    len = qMin(len, size - pos);
-    if (const quint8 *b = src.peek(pos, size_t(len)))
-        out.write(b, size_t(len));
-    else
-        out.copy(src, pos, len);
-    return len;
-}
+private:
+    static constexpr quint64 kRunLimit = 8 << 20;
+    rebuild::Output m_out;
+    BufferedReader &m_src;
+    const quint64 m_size;
+    const std::atomic<bool> &m_stop;
+    std::unique_ptr<quint8[]> m_buffer; // for copies the kernel can't make
+    quint64 m_begin = 0, m_end = 0;
+};
 
 // Emits a value only when it is new and inside the range.
 class Progress
@@ -85,40 +118,38 @@ MtsResult FilterMts(BufferedReader &src, QFile &file, const std::atomic<bool> &s
     MtsResult r;
     const quint64 size = src.size();
     Progress shown(progress, size < kMtsSmallFile ? kMtsRangeSmall : kMtsRangeLarge);
-    StreamOut out(&file, false);
     quint8 at[4];
     src.readAt(kMtsOwnPatAt, at, 4);
     const bool ownPat = std::memcmp(at, kMtsOwnPat, 3) == 0;
     src.readAt(kMtsOwnPcrAt, at, 4);
     r.ownTables = ownPat && std::memcmp(at, kMtsOwnPcr, 4) == 0;
 
+    MtsOut runs(file, src, stop);
     if (r.ownTables) {
         // Packets are read from a running offset of their own, not from
         // where they were found: a stretch of damage shifts what is copied.
         quint64 from = 0;
         for (quint64 p = kMtsOwnPatAt; p + 4 <= size && !stop.load(std::memory_order_relaxed);) {
-            const quint8 *b = src.peek(p, 4);
-            if (!mtsClass(b)) {
+            if (!mtsClass(src.peek(p, 4))) {
                 ++p;
                 continue;
             }
-            r.bytes += copyHeld(out, src, from, kMtsPacket);
+            r.bytes += runs.take(from, kMtsPacket);
             from += kMtsPacket;
             ++r.packets;
             shown(qint64(r.bytes));
             p += kMtsPacket;
         }
     } else {
-        writeFixed(out, kMtsPat);
-        writeFixed(out, kMtsPmt);
-        writeFixed(out, kMtsSit);
-        writeFixed(out, kMtsPcr);
+        runs.fixed(kMtsPat);
+        runs.fixed(kMtsPmt);
+        runs.fixed(kMtsSit);
+        runs.fixed(kMtsPcr);
         r.bytes = 4 * kMtsPacket;
         int starts = 0, tables = 0;
         // The first four packets are where a camera's own tables stand; the
         // fixed ones above take their place.
         for (quint64 p = kMtsFilterFrom; p + 4 <= size && !stop.load(std::memory_order_relaxed); ++p) {
-            shown(qint64(r.bytes));
             const MtsPattern *c = mtsClass(src.peek(p, 4));
             if (!c)
                 continue;
@@ -126,24 +157,27 @@ MtsResult FilterMts(BufferedReader &src, QFile &file, const std::atomic<bool> &s
                 p += kMtsTableSkip; // not copied; with the step below the filter moves on by 191
                 continue;
             }
-            r.bytes += copyHeld(out, src, p - kMtsHeader, kMtsPacket);
+            r.bytes += runs.take(p - kMtsHeader, kMtsPacket);
             ++r.packets;
+            shown(qint64(r.bytes));
             p += kMtsPacket - 1;
             if (c->start && ++starts == kMtsStartsPerTables) {
                 starts = 0;
-                writeFixed(out, kMtsPat);
-                writeFixed(out, kMtsPmt);
+                runs.fixed(kMtsPat);
+                runs.fixed(kMtsPmt);
                 if (++tables == kMtsTablesPerSit) {
                     tables = 0;
-                    writeFixed(out, kMtsSit);
-                    writeFixed(out, kMtsPcr);
+                    runs.fixed(kMtsSit);
+                    runs.fixed(kMtsPcr);
                 }
             }
         }
     }
-    out.detach();
-    r.error = out.error();
-    r.errorText = out.errorText();
+    runs.flush();
+    file.flush();
+    r.failed = runs.failed();
+    if (r.failed)
+        r.errorText = runs.errorString();
     return r;
 }
 
@@ -338,7 +372,7 @@ void ThreadVideoRepair::RepairMtsFile()
     ThreadProgress progress(*this);
     const ts::MtsResult r = ts::FilterMts(pSource, out, s.bStopRepair, &progress);
     out.close();
-    if (r.error) {
+    if (r.failed) {
         // A result the disk didn't take whole is no result.
         out.remove();
         s.carve.fail(outcome::Why::WriteFailed, r.errorText);

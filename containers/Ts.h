@@ -19,7 +19,7 @@ struct MtsResult
     bool ownTables = false; // copied as it stands, behind its own tables
     quint64 packets = 0;    // packets taken from the file
     quint64 bytes = 0;      // bytes written, fixed packets included
-    int error = 0;          // errno of a failed write; 0 when all got there
+    bool failed = false;    // a write failed
     QString errorText;
 };
 
