@@ -13,6 +13,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
+#include <cstdio>
+#include <unistd.h>
 
 namespace {
 
@@ -39,7 +41,7 @@ bool writeAll(const QString &path, const QByteArray &bytes) { return bytesOf(pat
 // 5 s sample of other pictures and, for the program stream, another bit rate.
 QString make(const QString &name, const QString &codecs, const QString &format, bool sample)
 {
-    const QString out = fixtures::dir() + "/" + (sample ? "sample_" : "") + name;
+    const QString out = fixtures::dir() + "/ts-" + (sample ? "sample_" : "") + name;
     if (QFileInfo::exists(out) || fixtures::ffmpeg().isEmpty())
         return QFileInfo::exists(out) ? out : QString();
     QStringList args = {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i",
@@ -54,25 +56,25 @@ QString make(const QString &name, const QString &codecs, const QString &format, 
     return QFile::rename(out + ".tmp", out) ? out : QString();
 }
 
+template <size_t N>
+QByteArray fixedPacket(const quint8 (&bytes)[N])
+{
+    return QByteArray(reinterpret_cast<const char *>(bytes), N).leftJustified(ts::kMtsPacket, '\xFF');
+}
+
 // The MTS as a camera writes it: its own PAT, PMT, SIT and PCR packet in
 // front, then only packets of picture and sound.
 QString cameraMts(const QString &mts)
 {
-    const QString out = fixtures::dir() + "/camera.MTS";
+    const QString out = fixtures::dir() + "/ts-camera.MTS";
     if (QFileInfo::exists(out) || mts.isEmpty())
         return QFileInfo::exists(out) ? out : QString();
     const QByteArray d = bytesOf(mts);
-    QByteArray cam;
-    for (const auto &fixed : {QByteArray(reinterpret_cast<const char *>(ts::kMtsPat), sizeof ts::kMtsPat),
-                              QByteArray(reinterpret_cast<const char *>(ts::kMtsPmt), sizeof ts::kMtsPmt),
-                              QByteArray(reinterpret_cast<const char *>(ts::kMtsSit), sizeof ts::kMtsSit),
-                              QByteArray(reinterpret_cast<const char *>(ts::kMtsPcr), sizeof ts::kMtsPcr)})
-        cam += fixed.leftJustified(ts::kMtsPacket, '\xFF');
-    for (int p = 0; p + ts::kMtsPacket <= d.size(); p += ts::kMtsPacket) {
-        const QByteArray head = d.mid(p + 4, 3);
-        if (head.at(1) & 0x10) // PIDs 0x1011 and 0x1100: picture and sound
+    QByteArray cam = fixedPacket(ts::kMtsPat) + fixedPacket(ts::kMtsPmt) + fixedPacket(ts::kMtsSit) +
+                     fixedPacket(ts::kMtsPcr);
+    for (int p = 0; p + ts::kMtsPacket <= d.size(); p += ts::kMtsPacket)
+        if (d[p + 5] & 0x10) // PIDs 0x1011 and 0x1100: picture and sound
             cam += d.mid(p, ts::kMtsPacket);
-    }
     return writeAll(out, cam) ? out : QString();
 }
 
@@ -101,8 +103,8 @@ QByteArray damage(const QByteArray &d, const QString &how, int packet)
 // Video and audio frames that decode.
 QPair<int, int> frames(const QString &path)
 {
-    const QString out = run({"-v", "quiet", "-nostdin", "-i", path, "-map", "0:v:0?", "-map",
-                                                 "0:a:0?", "-f", "framemd5", "-"});
+    const QString out = run({"-v", "quiet", "-nostdin", "-i", path, "-map", "0:v:0?", "-map", "0:a:0?", "-f",
+                             "framemd5", "-"});
     return {int(out.count(QRegularExpression("^0,", QRegularExpression::MultilineOption))),
             int(out.count(QRegularExpression("^1,", QRegularExpression::MultilineOption)))};
 }
@@ -111,8 +113,7 @@ QPair<int, int> frames(const QString &path)
 QPair<int, int> baseline(const QString &path, const QString &dir)
 {
     const QString out = dir + "/baseline.mkv";
-    run({"-v", "quiet", "-nostdin", "-y", "-i", path, "-map", "0:v:0?", "-map", "0:a:0?", "-c",
-                             "copy", out});
+    run({"-v", "quiet", "-nostdin", "-y", "-i", path, "-map", "0:v:0?", "-map", "0:a:0?", "-c", "copy", out});
     return frames(out);
 }
 
@@ -204,7 +205,7 @@ private Q_SLOTS:
             // offset, so the output is the file's first bytes and damage on
             // the way costs as many at the end. Else the fixed tables lead.
             path = copy ? "copy" : "filter";
-            QVERIFY(out.startsWith(QByteArray(reinterpret_cast<const char *>(ts::kMtsPat), sizeof ts::kMtsPat)));
+            QVERIFY(out.startsWith(fixedPacket(ts::kMtsPat)));
             QCOMPARE(bytes.startsWith(out) && out.size() > 4 * 192, copy);
         }
         qInfo("%s, %s: %s; video/audio frames %d/%d, healthy %d/%d, ffmpeg's copy %d/%d", k.name, qPrintable(how),
@@ -238,30 +239,55 @@ private Q_SLOTS:
         QVERIFY(rates != own.mid(own.indexOf(code) + 6, 6));
     }
 
-    // Random bytes and tiny files: a verdict, no crash. A small MTS gets the
-    // four fixed packets only, which is no result.
+    // A disk that takes only 64 KB: "Failed", and no partial result stays.
+    void fullDiskLeavesNothing()
+    {
+        for (int kind : {0, 3}) {
+            VM_FIXTURE(source, make(kKinds[kind].name, kKinds[kind].codecs, kKinds[kind].format, false));
+            QTemporaryDir work;
+            const QString out = work.filePath("stdout.txt");
+            const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
+                if (!std::freopen(qPrintable(out), "w", stdout))
+                    return 4;
+                const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), f = source.toUtf8();
+                execl(cli.constData(), cli.constData(), "repair", "--work", w.constData(), "--", f.constData(),
+                      static_cast<char *>(nullptr));
+                return 5;
+            });
+            if (status < 0)
+                QSKIP("no file size limit here");
+            QVERIFY(bytesOf(out).startsWith("Failed"));
+            QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
+        }
+    }
+
+    // Random bytes and tiny files, repaired with a sample: a verdict, no
+    // crash. A small MTS gets the four fixed packets only, which is no
+    // result; the streams of a .mov come to nothing.
     void badInput_data()
     {
-        QTest::addColumn<QString>("name");
+        QTest::addColumn<int>("kind");
         QTest::addColumn<int>("size");
         QTest::addColumn<QString>("status");
-        for (const char *name : {"x.MTS", "x.mpg", "x.mov"})
+        for (int kind : {0, 2, 3})
             for (int size : {0, 1, 187, 600, 300000})
-                QTest::newRow(qPrintable(QString("%1, %2 bytes").arg(name).arg(size)))
-                    << QString(name) << size << QString(QString(name).endsWith("MTS") ? "Failed" : "Awaiting Action");
+                QTest::newRow(qPrintable(QString("%1, %2 bytes").arg(kKinds[kind].name).arg(size)))
+                    << kind << size << QString(kind == 3 ? "Awaiting Action" : "Failed");
     }
 
     void badInput()
     {
-        QFETCH(QString, name);
+        QFETCH(int, kind);
         QFETCH(int, size);
         QFETCH(QString, status);
+        const Kind &k = kKinds[kind];
+        VM_FIXTURE(sample, make(k.name, k.codecs, k.format, true));
         QTemporaryDir tmp;
         QByteArray noise(size, '\0');
         for (char &c : noise)
             c = char(QRandomGenerator::global()->bounded(256));
-        QVERIFY(writeAll(tmp.path() + "/" + name, noise));
-        QCOMPARE(repair(tmp.path() + "/" + name, tmp.path() + "/w", QString()).value(0), status);
+        QVERIFY(writeAll(tmp.path() + "/" + k.name, noise));
+        QCOMPARE(repair(tmp.path() + "/" + k.name, tmp.path() + "/w", sample).value(0), status);
     }
 
     // Hand-made packets (stuffed through the adaptation field, as muxers
