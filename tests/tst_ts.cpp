@@ -49,7 +49,7 @@ QString make(const QString &name, const QString &codecs, const QString &format, 
                         "-f", "lavfi", "-i", sample ? "sine=frequency=300:sample_rate=48000" : "sine=sample_rate=48000",
                         "-t", sample ? "5" : "10", "-vf", "noise=alls=12:allf=t", "-g", "50"};
     args << codecs.split(' ') << QString(sample ? "-b:v 900k" : "-b:v 2M").split(' ') << format.split(' ');
-    if (sample && !format.contains("mpegts"))
+    if (sample && (format == "-f mpeg" || format == "-f vob"))
         args << "-muxrate" << "4000000"; // the program stream's rate fields differ
     args << out + ".tmp";
     run(args);
@@ -137,6 +137,7 @@ const Kind kKinds[] = {
     {"clip.mov", "-c:v libx264 -preset ultrafast -c:a aac", "-f mpegts", 0},
     {"clip.mpg", "-c:v mpeg2video -c:a mp2", "-f mpeg", 2}, // the first GOP, its header doubled
     {"vob.mpg", "-c:v mpeg2video -c:a mp2", "-f vob", 2},
+    {"es.mpg", "-c:v mpeg2video -an", "-f mpeg2video", 0}, // pictures alone: a new header, no packets
 };
 
 } // namespace
@@ -153,7 +154,7 @@ private Q_SLOTS:
         QTest::addColumn<QString>("status"); // of the first run; the sample run follows "Awaiting Action"
         QTest::addColumn<QString>("final");
         const QString done = "Completed", waits = "Awaiting Action";
-        for (int k = 0; k < 5; ++k) {
+        for (int k = 0; k < 6; ++k) {
             const bool mts = k < 2, mov = k == 2;
             for (const char *how : {"none", "head zeroed", "tables zeroed", "cut 70%", "zeros mid", "atom in front"}) {
                 const QString h = how;
