@@ -372,11 +372,13 @@ void ThreadVideoRepair::RepairMtsFile()
     ThreadProgress progress(*this);
     const ts::MtsResult r = ts::FilterMts(pSource, out, s.bStopRepair, &progress);
     out.close();
-    if (r.failed) {
-        // A result the disk didn't take whole is no result.
+    if (r.failed || s.bStopRepair) {
+        // A result the disk didn't take whole (or a stop cut short) is no result.
         out.remove();
-        s.carve.fail(outcome::Why::WriteFailed, r.errorText);
-        qWarning().noquote() << "Could not write" << path << r.errorText;
+        if (r.failed) {
+            s.carve.fail(outcome::Why::WriteFailed, r.errorText);
+            qWarning().noquote() << "Could not write" << path << r.errorText;
+        }
     } else {
         s.lstRepairedFiles << path;
         s.bMoovParsed = true;
@@ -418,12 +420,15 @@ void ThreadVideoRepair::RepairTsInMov(CarverArgs &args)
     }
 
     // The streams are written only in a run with a sample.
+    bool streams = false;
     if (s.bSampleRun) {
         args.strVideo = workfiles::Path(workfiles::kVideoH264);
         args.strAudio = workfiles::Path(workfiles::kAudioAac);
         args.fpVideo.reset(new QFile(args.strVideo));
         args.fpAudio.reset(new QFile(args.strAudio));
-        if (!containers::OpenNewOutput(*args.fpVideo, args.strSource) || !containers::OpenNewOutput(*args.fpAudio, args.strSource))
+        streams = containers::OpenNewOutput(*args.fpVideo, args.strSource) &&
+                  containers::OpenNewOutput(*args.fpAudio, args.strSource);
+        if (!streams)
             s.carve.fail(outcome::Why::WriteFailed, QStringLiteral("cannot create the stream files"));
     }
     ThreadProgress progress(*this);
@@ -437,23 +442,21 @@ void ThreadVideoRepair::RepairTsInMov(CarverArgs &args)
     s.carve.soundFrames = r.audioFrames;
     if (s.bStopRepair)
         return;
-    const bool written = s.bSampleRun && !r.error && r.videoBytes > 0;
-    if (written) {
+    if (streams && !r.error && r.videoBytes > 0) {
         RunMuxStage(mux::StageId::Ts, args);
         return;
     }
     mux::RemoveWorkFiles(mux::StageId::Ts);
     s.bMuxedResult = true; // nothing for the rebuild either
-    if (r.error) {
+    if (r.error)
         s.carve.fail(outcome::Why::WriteFailed, r.errorText);
-    } else if (s.bSampleRun) {
-        // No muxer can make anything of empty streams: no result.
+    if (s.bSampleRun) {
+        // No muxer makes anything of empty streams: the file has no result.
         s.carve.fail(outcome::Why::NothingFound, QStringLiteral("no H.264 packets in the transport stream"));
         return;
-    } else {
-        s.carve.fail(outcome::Why::NoSample, QStringLiteral("the transport stream is taken apart with a sample"));
     }
-    // The file waits for a sample (or has no result after a write failed).
+    // Without a sample nothing was written: the file waits for one.
+    s.carve.fail(outcome::Why::NoSample, QStringLiteral("the transport stream is taken apart with a sample"));
     s.bCarveFailed = true;
     s.bMoovParsed = false;
     Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
