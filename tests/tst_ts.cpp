@@ -296,29 +296,27 @@ private Q_SLOTS:
     void demuxBounds()
     {
         auto packet = [](int pid, bool start, const QByteArray &payload) {
-            QByteArray p = QByteArray::fromHex("47000010");
+            const int stuffing = 184 - payload.size(); // 0, or the length, the flags and FFs
+            QByteArray p = QByteArray::fromHex(stuffing ? "47000030" : "47000010");
             p[1] = char((start ? 0x40 : 0) | pid >> 8);
             p[2] = char(pid & 0xFF);
-            const int stuffing = 184 - payload.size();
-            if (stuffing > 0) {
-                p[3] = 0x30;
-                p += char(stuffing - 1);
-                if (stuffing > 1)
-                    p += QByteArray(1, '\0') + QByteArray(stuffing - 2, '\xFF');
-            }
+            if (stuffing)
+                p += char(stuffing - 1) + QByteArray(1, '\0') + QByteArray(stuffing - 2, '\xFF');
             return p + payload;
         };
         auto table = [&](int pid, const char *hex) {
             return packet(pid, true, QByteArray::fromHex(hex).leftJustified(184, '\xFF'));
         };
         QByteArray frame = QByteArray::fromHex("fff15080259ffc") + QByteArray(293, 'a'); // 300 bytes
-        const QByteArray pes = QByteArray::fromHex("000001e0000080800000"), longPes = QByteArray::fromHex("000001e0000080 80fa");
+        const QByteArray pes = QByteArray::fromHex("000001e0000080800000");
+        const QByteArray longPes = QByteArray::fromHex("000001e000008080fa");
+        const QByteArray soundPes = QByteArray::fromHex("000001c0000080800000");
         QByteArray file = table(0, "0000b00d0001c100000001e100")
                           + table(0x100, "0002b0170001c10000e101f0001be101f0000fe102f000")
                           + packet(0x101, true, longPes) + packet(0x101, true, pes.left(9) + QByteArray(150, 'v'))
-                          + QByteArray(100, 'z')
-                          + packet(0x101, true, QByteArray::fromHex("000001c0000080 8000")) + packet(0x101, false, QByteArray(184, 'w'))
-                          + packet(0x102, true, longPes) + packet(0x102, true, pes.left(9) + "jjjjj" + frame.left(150))
+                          + QByteArray(100, 'z') + packet(0x101, true, soundPes.left(9))
+                          + packet(0x101, false, QByteArray(184, 'w')) + packet(0x102, true, longPes)
+                          + packet(0x102, true, pes.left(9) + "jjjjj" + frame.left(150))
                           + packet(0x102, false, frame.mid(150) + QByteArray::fromHex("fff15080"))
                           + table(0x100, "0002b0170001c10000e101f0b4") + packet(0x101, false, QByteArray(184, 'x'));
         QTemporaryDir tmp;
