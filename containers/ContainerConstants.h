@@ -338,3 +338,110 @@ constexpr qint64 kPercentRange = 100;
 constexpr size_t kLookAhead = 64;           // where the next cluster is sought first
 
 } // namespace mkv
+
+namespace ts {
+
+constexpr int kPacket = 188;          // a transport packet
+constexpr int kMtsPacket = 192;       // with the 4-byte time header in front
+constexpr int kMtsHeader = 4;
+constexpr quint8 kSync = 0x47;
+constexpr int kSyncRun = 4;           // syncs in a row at packet distance that mark a stream
+
+// The fixed packets an MTS gets in front and again between its packets:
+// PAT, PMT (H.264 on 0x1011, AC-3 on 0x1100, "HDMV"), SIT and PCR. Each is
+// filled up with FF to 192 bytes.
+constexpr quint8 kMtsPat[] = {0x00, 0x00, 0x00, 0x00, 0x47, 0x40, 0x00, 0x10, 0x00, 0x00, 0xB0, 0x11, 0x00, 0x00,
+                              0xC1, 0x00, 0x00, 0x00, 0x00, 0xE0, 0x1F, 0x00, 0x01, 0xE1, 0x00, 0x23, 0x5A, 0xAB, 0x82};
+constexpr quint8 kMtsPmt[] = {
+    0x00, 0x00, 0x00, 0x00, 0x47, 0x41, 0x00, 0x10, 0x00, 0x02, 0xB0, 0x39, 0x00, 0x01, 0xC1, 0x00, 0x00, 0xF0,
+    0x01, 0xF0, 0x0C, 0x05, 0x04, 0x48, 0x44, 0x4D, 0x56, 0x88, 0x04, 0x0F, 0xFF, 0xFC, 0xFC, 0x1B, 0xF0, 0x11,
+    0xF0, 0x0A, 0x05, 0x08, 0x48, 0x44, 0x4D, 0x56, 0xFF, 0x1B, 0x56, 0x3F, 0x81, 0xF1, 0x00, 0xF0, 0x0C, 0x05,
+    0x04, 0x41, 0x43, 0x2D, 0x33, 0x81, 0x04, 0x04, 0x28, 0x05, 0x00, 0x95, 0x65, 0xB4, 0x0F};
+constexpr quint8 kMtsSit[] = {0x00, 0x00, 0x00, 0x00, 0x47, 0x40, 0x1F, 0x10, 0x00, 0x7F, 0xF0, 0x19, 0xFF,
+                              0xFF, 0xC1, 0x00, 0x00, 0xF0, 0x0A, 0x63, 0x08, 0xC0, 0xAF, 0xC8, 0xFF, 0xFF,
+                              0xFF, 0xFF, 0xFF, 0x00, 0x01, 0x80, 0x00, 0xAE, 0xB4, 0x3A, 0x35};
+constexpr quint8 kMtsPcr[] = {0x00, 0x00, 0x00, 0x00, 0x47, 0x10, 0x01, 0x20,
+                              0xB7, 0x10, 0x00, 0x00, 0x00, 0x00, 0x00, 0x00};
+
+// MTS packet classes by their bytes at the sync. A packet start (payload
+// unit start) of video or sound counts towards the tables written again.
+enum class MtsClass : quint8 { None, Table, Video, Sound };
+struct MtsPattern
+{
+    quint8 bytes[4];
+    int length; // 3, or 4 for the PCR packet
+    MtsClass cls;
+    bool start;
+};
+constexpr MtsPattern kMtsClasses[] = {
+    {{0x47, 0x40, 0x00}, 3, MtsClass::Table, false}, {{0x47, 0x41, 0x00}, 3, MtsClass::Table, false},
+    {{0x47, 0x40, 0x1F}, 3, MtsClass::Table, false}, {{0x47, 0x10, 0x01, 0x20}, 4, MtsClass::Table, false},
+    {{0x47, 0x10, 0x11}, 3, MtsClass::Video, false}, {{0x47, 0x50, 0x11}, 3, MtsClass::Video, true},
+    {{0x47, 0x30, 0x11}, 3, MtsClass::Video, false}, {{0x47, 0x70, 0x11}, 3, MtsClass::Video, false},
+    {{0x47, 0x31, 0x00}, 3, MtsClass::Sound, false}, {{0x47, 0x71, 0x00}, 3, MtsClass::Sound, true},
+};
+// A file with its own tables: PAT at the first sync, the PCR packet at the fourth.
+constexpr quint64 kMtsOwnPatAt = 4, kMtsOwnPcrAt = 580;
+constexpr char kMtsOwnPat[] = "\x47\x40\x00", kMtsOwnPcr[] = "\x47\x10\x01\x20";
+constexpr quint64 kMtsFilterFrom = 750;  // behind the first four packets, where the fixed ones stand
+constexpr quint64 kMtsTableSkip = 190;   // and 1 more: a table packet moves the filter on by 191
+constexpr int kMtsStartsPerTables = 7;   // PAT and PMT again after this many packet starts
+constexpr int kMtsTablesPerSit = 10;     // SIT and PCR after this many PAT+PMT pairs
+constexpr quint64 kMtsSmallFile = 0x6400000;
+constexpr qint64 kMtsRangeSmall = 50000, kMtsRangeLarge = 5000000;
+
+// Transport stream inside a file of the atom path.
+constexpr char kPatHeader[] = "\x47\x40\x00\x10"; // a packet with the PAT: ffmpeg reads the file as it is
+constexpr int kRemuxLook = 1000;
+constexpr int kPatPmtPidAt = 15;         // PMT PID in a PAT packet (13 bits at 15..16)
+constexpr int kPmtInfoLengthAt = 16;     // program info length (low byte): L
+constexpr int kPmtFirstEntry = 17;       // + L: stream type, PID (2), ES info length (2)
+constexpr int kPmtEntryHead = 5;
+constexpr quint8 kStreamH264 = 27, kStreamAac = 15;
+constexpr int kPayloadAt = 4;
+constexpr int kPesHeadLengthAt = 8;      // PES header data length; the payload starts 9 further
+constexpr int kPesFixedHead = 9;
+constexpr char kPesVideo[] = "\x00\x00\x01\xE0";
+constexpr int kProgressPackets = 2000;
+constexpr int kAdtsHead = 6;             // bytes needed to read a frame's length
+constexpr int kAdtsMinFrame = 7;
+constexpr int kAdtsMaxFrame = 8191;      // 13 bits
+
+} // namespace ts
+
+namespace mpegps {
+
+// Start codes, bytes in file order.
+constexpr char kPackHeader[] = "\x00\x00\x01\xBA", kSystemHeader[] = "\x00\x00\x01\xBB";
+constexpr char kSequenceHeader[] = "\x00\x00\x01\xB3", kGroupStart[] = "\x00\x00\x01\xB8";
+constexpr char kUserData[] = "\x00\x00\x01\xB2", kExtension[] = "\x00\x00\x01\xB5";
+constexpr char kSoundPacket[] = "\x00\x00\x01\xC0", kVideoPacket[] = "\x00\x00\x01\xE0";
+
+// A system header counts when its first stream entry (at + 12) is one of these.
+constexpr quint64 kSystemEntryAt = 12, kSystemRatesAt = 6;
+constexpr int kSystemRates = 6;
+constexpr quint8 kSystemEntries[][2] = {{0xC0, 0xC0}, {0xE0, 0xE0}, {0xB9, 0xE0}};
+// The system header written where a pack has none: code, length 12, the rate
+// fields, then video E0 and sound C0 entries.
+constexpr quint8 kSystemLength[] = {0x00, 0x0C};
+constexpr quint8 kSystemStreams[] = {0xE0, 0xE0, 0x2E, 0xC0, 0xC0, 0x20};
+constexpr quint64 kPackKept = 12;        // an MPEG-1 pack; of an MPEG-2 one the first 12 of 14
+// The sequence header: 12 bytes, or 76 with a quantiser matrix. Where the
+// next code stands tells which.
+constexpr int kShortSequence = 12, kLongSequence = 76;
+constexpr quint64 kShortNextAt[] = {12, 13}, kLongNextAt[] = {76, 140};
+constexpr int kSizeBytes = 3;            // width and height behind the code
+// Between the pack and the group start, the damaged header is dropped: the
+// copy ends 24 (12-byte header) or 88 (76-byte) before the group start, else 12.
+constexpr quint64 kCutShort = 24, kCutLong = 88, kCutNone = 12;
+constexpr int kHeaderShare = 8;          // headers are sought in the first eighth
+constexpr int kGroupShare = 2;           // a group start in the first half
+constexpr qint64 kProgressRange = 500000, kProgressSearch = 400000;
+// User data a decoder ignores, behind the size of an elementary stream's new header.
+constexpr char kElementaryBlock[] =
+    "\x15\xFF\xFF\xE0\x00\x00\x00\x01\xB2"
+    "MPEG stream encoded by UCB Encoder (mpeg_encode) v1.5b on Tue Oct  9 12:23:31 2001\n.";
+constexpr int kElementaryBlockSize = 93;
+static_assert(sizeof kElementaryBlock - 1 == kElementaryBlockSize, "the block is 93 bytes");
+
+} // namespace mpegps

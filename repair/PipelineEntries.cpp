@@ -1,6 +1,5 @@
-// Entries of the carving pipelines of the atom path. Each is named after the
-// recording it mends; the ones whose chain isn't built yet end as a carver
-// that failed, so the file waits for a sample instead of being lost.
+// A carving stage that a splitter can't serve ends as a carver that failed,
+// so the file waits for a sample instead of being lost.
 
 #include "repair/ThreadVideoRepair.h"
 
@@ -19,10 +18,3 @@ void ThreadVideoRepair::StageNotBuilt(const char *what, bool atomPipeline)
     pApp.bMoovParsed = false;
     Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
 }
-
-#define VM_PENDING_ENTRY(name, what) \
-    void ThreadVideoRepair::name(CarverArgs &) { StageNotBuilt(what, true); }
-
-VM_PENDING_ENTRY(RepairTsInMov, "MPEG transport stream")
-
-#undef VM_PENDING_ENTRY

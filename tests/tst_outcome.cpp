@@ -32,15 +32,6 @@ QStringList pictures(const QString &path)
     return out;
 }
 
-// An AVI made by ffmpeg: a container whose repair is still to come.
-QString aviFile(const QString &path)
-{
-    if (!QFileInfo::exists(path))
-        QProcess::execute(fixtures::ffmpeg(), {"-v", "error", "-y", "-f", "lavfi", "-i", "testsrc2=size=160x120:rate=25:duration=1",
-                                               "-c:v", "mpeg4", path});
-    return path;
-}
-
 QString randomFile(const QString &path, int bytes)
 {
     QByteArray b(bytes, '\0');
@@ -118,7 +109,6 @@ private Q_SLOTS:
             << fixtures::cutAt(fixtures::healthy("h264_aac_faststart.mov"), 70)
             << fixtures::healthy("carve_wide_sample.mov") << int(Why::WrongSample)
             << "frame size 320x240 in the recording, 640x360 in the sample";
-        QTest::newRow("a kind not handled yet") << aviFile(m_dir.filePath("clip.avi")) << "" << int(Why::NotHandled) << "AVI";
     }
 
     void reasons()

@@ -1,0 +1,341 @@
+// Transport streams (.MTS, and a transport stream named .mov) and program
+// streams (.mpg) after damage, repaired through videomend-cli and judged by
+// the frames that decode, beside the healthy file and beside what ffmpeg's
+// own copy makes of the same damage; the demultiplexer is fed hand-made
+// packets that break its bounds.
+
+#include "containers/ContainerConstants.h"
+#include "containers/Ts.h"
+#include "repair/BufferedReader.h"
+#include "support/Fixtures.h"
+
+#include <QProcess>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+// Standard output of a program (ffmpeg when none is named), after at most 5 minutes.
+QString run(const QStringList &args, const QString &program = fixtures::ffmpeg())
+{
+    QProcess p;
+    p.start(program, args);
+    return p.waitForFinished(300000) ? QString::fromUtf8(p.readAllStandardOutput()) : QString();
+}
+
+// A file's bytes; with `bytes` given, the file is written with them first.
+QByteArray bytesOf(const QString &path, const QByteArray *bytes = nullptr)
+{
+    QFile f(path);
+    if (!bytes)
+        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+    const bool ok = f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(*bytes) == bytes->size();
+    return ok ? *bytes : QByteArray();
+}
+bool writeAll(const QString &path, const QByteArray &bytes) { return bytesOf(path, &bytes).size() == bytes.size(); }
+
+// Recordings made once and cached: 10 s of noisy pictures (a few MB), or a
+// 5 s sample of other pictures and, for the program stream, another bit rate.
+QString make(const QString &name, const QString &codecs, const QString &format, bool sample)
+{
+    const QString out = fixtures::dir() + "/ts-" + (sample ? "sample_" : "") + name;
+    if (QFileInfo::exists(out) || fixtures::ffmpeg().isEmpty())
+        return QFileInfo::exists(out) ? out : QString();
+    QStringList args = {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i",
+                        sample ? "mandelbrot=size=320x240:rate=25" : "testsrc=size=320x240:rate=25",
+                        "-f", "lavfi", "-i", sample ? "sine=frequency=300:sample_rate=48000" : "sine=sample_rate=48000",
+                        "-t", sample ? "5" : "10", "-vf", "noise=alls=12:allf=t", "-g", "50"};
+    args << codecs.split(' ') << QString(sample ? "-b:v 900k" : "-b:v 2M").split(' ') << format.split(' ');
+    if (sample && (format == "-f mpeg" || format == "-f vob"))
+        args << "-muxrate" << "4000000"; // the program stream's rate fields differ
+    args << out + ".tmp";
+    run(args);
+    return QFile::rename(out + ".tmp", out) ? out : QString();
+}
+
+template <size_t N>
+QByteArray fixedPacket(const quint8 (&bytes)[N])
+{
+    return QByteArray(reinterpret_cast<const char *>(bytes), N).leftJustified(ts::kMtsPacket, '\xFF');
+}
+
+// The MTS as a camera writes it: its own PAT, PMT, SIT and PCR packet in
+// front, then only packets of picture and sound.
+QString cameraMts(const QString &mts)
+{
+    const QString out = fixtures::dir() + "/ts-camera.MTS";
+    if (QFileInfo::exists(out) || mts.isEmpty())
+        return QFileInfo::exists(out) ? out : QString();
+    const QByteArray d = bytesOf(mts);
+    QByteArray cam = fixedPacket(ts::kMtsPat) + fixedPacket(ts::kMtsPmt) + fixedPacket(ts::kMtsSit) +
+                     fixedPacket(ts::kMtsPcr);
+    for (int p = 0; p + ts::kMtsPacket <= d.size(); p += ts::kMtsPacket)
+        if (d[p + 5] & 0x10) // PIDs 0x1011 and 0x1100: picture and sound
+            cam += d.mid(p, ts::kMtsPacket);
+    return writeAll(out, cam) ? out : QString();
+}
+
+// The damages, applied to a copy. "tables zeroed": every PAT and PMT packet;
+// "atom in front": 2000 bytes of an ftyp atom before the stream.
+QByteArray damage(const QByteArray &d, const QString &how, int packet)
+{
+    if (how == "atom in front")
+        return QByteArray::fromHex("000007d0") + QByteArray("ftyp").leftJustified(1996, '\0') + d;
+    QByteArray b = d;
+    if (how == "head zeroed")
+        b.replace(0, 65536, QByteArray(65536, '\0'));
+    else if (how == "cut 70%")
+        b.truncate(int(d.size() * 0.7));
+    else if (how == "zeros mid")
+        b.replace(d.size() / 2, 262144, QByteArray(262144, '\0'));
+    else if (how == "tables zeroed")
+        for (int p = packet - 188; p + 188 <= d.size(); p += packet) {
+            const int pid = (quint8(d[p + 1]) & 0x1F) << 8 | quint8(d[p + 2]);
+            if (d[p] == 0x47 && (pid == 0 || pid == 0x100 || pid == 0x1000))
+                b.replace(p, 188, QByteArray(188, '\0'));
+        }
+    return b.left(d.size());
+}
+
+// Video and audio frames that decode.
+QPair<int, int> frames(const QString &path)
+{
+    const QString out = run({"-v", "quiet", "-nostdin", "-i", path, "-map", "0:v:0?", "-map", "0:a:0?", "-f",
+                             "framemd5", "-"});
+    return {int(out.count(QRegularExpression("^0,", QRegularExpression::MultilineOption))),
+            int(out.count(QRegularExpression("^1,", QRegularExpression::MultilineOption)))};
+}
+
+// What ffmpeg's own stream copy keeps of the damaged file.
+QPair<int, int> baseline(const QString &path, const QString &dir)
+{
+    const QString out = dir + "/baseline.mkv";
+    run({"-v", "quiet", "-nostdin", "-y", "-i", path, "-map", "0:v:0?", "-map", "0:a:0?", "-c", "copy", out});
+    return frames(out);
+}
+
+QStringList repair(const QString &file, const QString &work, const QString &sample)
+{
+    QDir().mkpath(work);
+    QStringList args = {"repair", "--quiet", "--work", work};
+    if (!sample.isEmpty())
+        args << "--sample" << sample;
+    return run(args << "--" << file, VM_CLI_PATH).trimmed().split('\t');
+}
+
+struct Kind
+{
+    const char *name, *codecs, *format;
+    int loss; // frames a rule may lose against ffmpeg's copy
+};
+const Kind kKinds[] = {
+    {"clip.MTS", "-c:v libx264 -preset ultrafast -c:a ac3", "-f mpegts -mpegts_m2ts_mode 1", 50}, // first GOP
+    {"camera.MTS", "", "", 0},
+    {"clip.mov", "-c:v libx264 -preset ultrafast -c:a aac", "-f mpegts", 0},
+    {"clip.mpg", "-c:v mpeg2video -c:a mp2", "-f mpeg", 2}, // the first GOP, its header doubled
+    {"vob.mpg", "-c:v mpeg2video -c:a mp2", "-f vob", 2},
+    {"es.mpg", "-c:v mpeg2video -an", "-f mpeg2video", 0}, // pictures alone: a new header, no packets
+};
+
+} // namespace
+
+class TestTs : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void damages_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<QString>("status"); // of the first run; the sample run follows "Awaiting Action"
+        QTest::addColumn<QString>("final");
+        const QString done = "Completed", waits = "Awaiting Action";
+        for (int k = 0; k < 6; ++k) {
+            const bool mts = k < 2, mov = k == 2;
+            for (const char *how : {"none", "head zeroed", "tables zeroed", "cut 70%", "zeros mid", "atom in front"}) {
+                const QString h = how;
+                if ((h == "tables zeroed" && !mts && !mov) || (h == "atom in front" && !mov))
+                    continue;
+                // Taken apart into streams only with a sample.
+                const bool lost = mov && h != "none" && h != "cut 70%" && h != "zeros mid";
+                // Sequence (and system) headers gone from the first eighth.
+                const bool psHead = k >= 3 && h == "head zeroed";
+                QTest::newRow(qPrintable(QString("%1, %2").arg(kKinds[k].name, h)))
+                    << k << h << (lost || psHead ? waits : done)
+                    << (mov && h == "tables zeroed" ? QString("Failed") : done);
+            }
+        }
+    }
+
+    void damages()
+    {
+        QFETCH(int, kind);
+        QFETCH(QString, how);
+        QFETCH(QString, status);
+        QFETCH(QString, final);
+        const Kind &k = kKinds[kind];
+        const Kind &made = kind == 1 ? kKinds[0] : k;
+        VM_FIXTURE(source, make(made.name, made.codecs, made.format, false));
+        VM_FIXTURE(sample, make(made.name, made.codecs, made.format, true));
+        VM_FIXTURE(healthy, kind == 1 ? cameraMts(source) : source);
+        const bool mts = QString(k.name).endsWith(".MTS");
+        QTemporaryDir tmp;
+        const QString damaged = tmp.path() + "/" + k.name, work = tmp.path() + "/w";
+        const QByteArray bytes = damage(bytesOf(healthy), how, mts ? 192 : 188);
+        QVERIFY(writeAll(damaged, bytes));
+        const QByteArray before = fixtures::digest(damaged), sampleBefore = fixtures::digest(sample);
+
+        QStringList line = repair(damaged, work, QString());
+        QCOMPARE(line.value(0), status);
+        if (status != "Completed")
+            line = repair(damaged, work, sample);
+        QCOMPARE(line.value(0), final);
+        QCOMPARE(fixtures::digest(damaged), before);
+        QCOMPARE(fixtures::digest(sample), sampleBefore);
+        const QPair<int, int> want = frames(healthy), base = baseline(damaged, tmp.path());
+        const QPair<int, int> got = final == "Completed" ? frames(line.value(2)) : qMakePair(0, 0);
+        const QByteArray out = bytesOf(line.value(2));
+        QString path = QString(k.name).endsWith(".mpg") ? "new start" : status == "Completed" ? "remux" : "streams";
+        const bool copy = kind == 1 && bytes.mid(4, 3) == QByteArray(ts::kMtsOwnPat, 3);
+        if (mts) {
+            // A camera's own tables at the head: a plain copy, from a running
+            // offset, so the output is the file's first bytes and damage on
+            // the way costs as many at the end. Else the fixed tables lead.
+            path = copy ? "copy" : "filter";
+            QVERIFY(out.startsWith(fixedPacket(ts::kMtsPat)));
+            QCOMPARE(bytes.startsWith(out) && out.size() > 4 * 192, copy);
+            // The filter's tables: PAT and PMT again every 7 packet starts, SIT and PCR every 70.
+            int starts = 0, pats = 0, sits = 0;
+            for (int p = 0; p + 192 <= out.size(); p += 192) {
+                const QByteArray h = out.mid(p + 4, 3), packet = out.mid(p, 192);
+                starts += h == QByteArray("\x47\x50\x11", 3) || h == QByteArray("\x47\x71\x00", 3);
+                pats += packet == fixedPacket(ts::kMtsPat);
+                sits += packet == fixedPacket(ts::kMtsSit);
+            }
+            if (!copy)
+                QVERIFY(pats == 1 + starts / 7 && sits == 1 + starts / 70);
+        }
+        qInfo("%s, %s: %s; video/audio frames %d/%d, healthy %d/%d, ffmpeg's copy %d/%d", k.name, qPrintable(how),
+              qPrintable(path), got.first, got.second, want.first, want.second, base.first, base.second);
+        if (final != "Completed")
+            return;
+        QVERIFY(got.first > 0);
+        if (kind == 3 && status != "Completed") {
+            // Repaired from a sample of another bit rate: the new system
+            // header behind the pack carries the sample's rate fields.
+            const QByteArray code(mpegps::kSystemHeader, 4), smp = bytesOf(sample), own = bytesOf(healthy);
+            QCOMPARE(out.indexOf(code), 12);
+            QCOMPARE(out.mid(18, 6), smp.mid(smp.indexOf(code) + 6, 6));
+            QVERIFY(out.mid(18, 6) != own.mid(own.indexOf(code) + 6, 6));
+        }
+        if (how == "none" && k.loss == 0)
+            QCOMPARE(got.first, want.first);
+        else if (!copy)
+            QVERIFY2(got.first >= base.first - k.loss, "fewer frames than ffmpeg's copy keeps");
+    }
+
+    // A disk that takes only 64 KB: "Failed", and no partial result stays.
+    void fullDiskLeavesNothing()
+    {
+        for (int kind : {0, 3}) {
+            VM_FIXTURE(source, make(kKinds[kind].name, kKinds[kind].codecs, kKinds[kind].format, false));
+            QTemporaryDir work;
+            const QString out = work.filePath("stdout.txt");
+            const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
+                if (!std::freopen(qPrintable(out), "w", stdout))
+                    return 4;
+                const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), f = source.toUtf8();
+                execl(cli.constData(), cli.constData(), "repair", "--work", w.constData(), "--", f.constData(),
+                      static_cast<char *>(nullptr));
+                return 5;
+            });
+            if (status < 0)
+                QSKIP("no file size limit here");
+            QVERIFY(bytesOf(out).startsWith("Failed"));
+            QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
+        }
+    }
+
+    // Random bytes and tiny files, repaired with a sample: a verdict, no
+    // crash. A small MTS gets the four fixed packets only, which is no
+    // result; the streams of a .mov come to nothing.
+    void badInput_data()
+    {
+        QTest::addColumn<int>("kind");
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QString>("status");
+        for (int kind : {0, 2, 3})
+            for (int size : {0, 1, 187, 600, 300000})
+                QTest::newRow(qPrintable(QString("%1, %2 bytes").arg(kKinds[kind].name).arg(size)))
+                    << kind << size << QString(kind == 3 ? "Awaiting Action" : "Failed");
+    }
+
+    void badInput()
+    {
+        QFETCH(int, kind);
+        QFETCH(int, size);
+        QFETCH(QString, status);
+        const Kind &k = kKinds[kind];
+        VM_FIXTURE(sample, make(k.name, k.codecs, k.format, true));
+        QTemporaryDir tmp;
+        QByteArray noise(size, '\0');
+        QRandomGenerator bytes(quint32(size + kind)); // the same bytes each time
+        for (char &c : noise)
+            c = char(bytes.bounded(256));
+        QVERIFY(writeAll(tmp.path() + "/" + k.name, noise));
+        QCOMPARE(repair(tmp.path() + "/" + k.name, tmp.path() + "/w", sample).value(0), status);
+    }
+
+    // Hand-made packets (stuffed through the adaptation field, as muxers
+    // do): PES headers and PMT entries that run past the packet are passed
+    // over, a stretch without sync is left behind, and an ADTS frame split
+    // over two packets comes out whole, a partial one behind it not at all.
+    void demuxBounds()
+    {
+        auto packet = [](int pid, bool start, const QByteArray &payload) {
+            const int stuffing = 184 - payload.size(); // 0, or the length, the flags and FFs
+            QByteArray p = QByteArray::fromHex(stuffing ? "47000030" : "47000010");
+            p[1] = char((start ? 0x40 : 0) | pid >> 8);
+            p[2] = char(pid & 0xFF);
+            if (stuffing)
+                p += char(stuffing - 1) + QByteArray(1, '\0') + QByteArray(stuffing - 2, '\xFF');
+            return p + payload;
+        };
+        auto table = [&](int pid, const char *hex) {
+            return packet(pid, true, QByteArray::fromHex(hex).leftJustified(184, '\xFF'));
+        };
+        QByteArray frame = QByteArray::fromHex("fff15080259ffc") + QByteArray(293, 'a'); // 300 bytes
+        const QByteArray pes = QByteArray::fromHex("000001e0000080800000");
+        const QByteArray longPes = QByteArray::fromHex("000001e000008080fa");
+        const QByteArray soundPes = QByteArray::fromHex("000001c0000080800000");
+        QByteArray file = table(0, "0000b00d0001c100000001e100")
+                          + table(0x100, "0002b0170001c10000e101f0001be101f0000fe102f000")
+                          + packet(0x101, true, longPes) + packet(0x101, true, pes.left(9) + QByteArray(150, 'v'))
+                          + QByteArray(100, 'z') + packet(0x101, true, soundPes.left(9))
+                          + packet(0x101, false, QByteArray(184, 'w')) + packet(0x102, true, longPes)
+                          + packet(0x102, true, pes.left(9) + "jjjjj" + frame.left(150))
+                          + packet(0x102, false, frame.mid(150) + QByteArray::fromHex("fff15080"))
+                          + table(0x100, "0002b0170001c10000e101f0b4") + packet(0x101, false, QByteArray(184, 'x'));
+        QTemporaryDir tmp;
+        QVERIFY(writeAll(tmp.path() + "/in.ts", file + QByteArray(100, '\0')));
+        BufferedReader src;
+        QVERIFY(src.open(tmp.path() + "/in.ts"));
+        QFile video(tmp.path() + "/v"), audio(tmp.path() + "/a");
+        QVERIFY(video.open(QIODevice::WriteOnly) && audio.open(QIODevice::WriteOnly));
+        const std::atomic<bool> stop{false};
+        const ts::DemuxResult r = ts::Demux(src, &video, &audio, stop, nullptr);
+        video.close();
+        audio.close();
+        QVERIFY(r.synced);
+        QCOMPARE(r.audioFrames, quint64(1));
+        QCOMPARE(bytesOf(tmp.path() + "/a"), frame);
+        QCOMPARE(bytesOf(tmp.path() + "/v"), QByteArray(150, 'v') + QByteArray(184, 'w') + QByteArray(184, 'x'));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestTs)
+#include "tst_ts.moc"
