@@ -233,6 +233,8 @@ private Q_SLOTS:
         QTest::newRow("installer dropped") << v("8.0.0.0") << Route{200, good.body, Route::Drop, 1000}
                                            << true << kFailed << offer;
         QTest::newRow("installer 404") << v("8.0.0.0") << none << true << kFailed << offer;
+        QTest::newRow("installer won't start") << v("8.0.0.0") << Route{200, "#!/nonexistent/sh\n" + good.body}
+                                               << true << "The installer could not be started." << offer;
         QTest::newRow("installer too small") << v("8.0.0.0") << Route{200, installer(kMinSize - 100)}
                                              << true << kFailed << offer;
     }
@@ -320,6 +322,17 @@ private Q_SLOTS:
         QVERIFY(offer.isVisible());
         QCOMPARE(m_server.hits, QStringList());
         QCOMPARE(answers.seen.size(), 1);
+
+        // Ending for the installer lets a save finish its copies first.
+        const QString dest = m_root + "/out/saved";
+        QDir().mkpath(dest);
+        const QStringList sources = makeFiles(m_root + "/out/src", {"a.mp4", "b.mp4", "c.mp4"}, 8 << 20);
+        QVERIFY(w.SavingThread().StartSaving(sources, dest));
+        w.EndForUpdate();
+        QVERIFY(!w.SavingThread().isRunning());
+        for (const QString &name : entries(dest))
+            QCOMPARE(QFileInfo(dest + "/" + name).size(), qint64(8 << 20));
+        QCOMPARE(entries(dest).size(), 3);
 
         QCOMPARE(UpdateWayFor(MarketVariant::None), UpdateWay::Check);
         QCOMPARE(UpdateWayFor(MarketVariant::Korea), UpdateWay::Check);

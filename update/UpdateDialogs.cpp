@@ -249,6 +249,7 @@ QDownloadApp::~QDownloadApp()
     m_thread.wait();
 #ifdef VM_UPDATE_DIRECT_LINK
     if (m_reply) {
+        m_reply->disconnect(this);
         m_reply->abort();
         m_file->remove();
     }
@@ -294,7 +295,13 @@ void QDownloadApp::Begin()
         return;
     }
     OnDownloadStart();
-    m_timer->stop(); // the progress signal shows the bar in this way
+    // The progress signal shows the bar in this way; the timer only ends a stalled reply.
+    m_timer->disconnect();
+    m_quiet.start();
+    connect(m_timer, &QTimer::timeout, this, [this] {
+        if (m_reply && m_quiet.elapsed() >= limits.stallMs)
+            m_reply->abort();
+    });
     m_reply = m_nam->get(request);
     m_reply->setReadBufferSize(1 << 20);
     connect(m_reply, &QNetworkReply::readyRead, this, &QDownloadApp::downloadReadyRead);
@@ -385,6 +392,7 @@ void QDownloadApp::downloadReadyRead()
         return;
     }
     m_received += chunk.size();
+    m_quiet.restart();
 }
 
 void QDownloadApp::OnDownloadProgress(qint64 bytesReceived, qint64 bytesTotal)

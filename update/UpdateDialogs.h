@@ -123,5 +123,6 @@ private:
     QNetworkReply *m_reply = nullptr;
     QFile *m_file = nullptr;
     qint64 m_received = 0;
+    QElapsedTimer m_quiet;
 #endif
 };
