@@ -47,8 +47,10 @@ private:
         const Route r = routes.value(path, Route{404, "not here", Route::Whole, 0});
         if (r.mode == Route::Silent)
             return;
-        s->write(QStringLiteral("HTTP/1.1 %1 X\r\nContent-Length: %2\r\nConnection: close\r\n\r\n")
-                     .arg(r.status).arg(r.body.size()).toLatin1());
+        // A redirect's body is where it points.
+        const QByteArray where = r.status / 100 == 3 ? "Location: " + r.body + "\r\n" : QByteArray();
+        s->write(QStringLiteral("HTTP/1.1 %1 X\r\nContent-Length: %2\r\nConnection: close\r\n")
+                     .arg(r.status).arg(r.body.size()).toLatin1() + where + "\r\n");
         if (r.mode == Route::Whole) {
             s->write(r.body);
             s->disconnectFromHost();
@@ -154,6 +156,7 @@ private Q_SLOTS:
         update::limits.checkMs = 1500;
         update::limits.stallMs = 600;
         update::limits.tickMs = 20;
+        update::networkSeam = update::Network::Online;
     }
 
     void init()
@@ -214,6 +217,8 @@ private Q_SLOTS:
                                      << "A new minor update 7.0.1.0 is available. Click Update to proceed further.";
         QTest::newRow("newer major, silent") << v("8.0.0.0\n") << good << false << kInstalled
                                              << "A new major release 8.0.0.0 is available. Click Update to proceed further.";
+        QTest::newRow("redirected") << Route{302, "/moved.txt"} << good << false << kInstalled
+                                    << "A new minor update 7.5.0.0 is available. Click Update to proceed further.";
         QTest::newRow("same, manual") << v("7.0.0.0\n") << none << true << kNone << "";
         QTest::newRow("same, silent") << v("7.0.0.0\n") << none << false << kQuiet << "";
         QTest::newRow("empty") << v("") << none << true << kNone << "";
@@ -247,6 +252,7 @@ private Q_SLOTS:
         QFETCH(QString, offer);
         m_server.routes["/HalvernVideomend.txt"] = version;
         m_server.routes["/HalvernVideomend.exe"] = exe;
+        m_server.routes["/moved.txt"] = Route{200, "7.5.0.0\n"};
 
         TestHost host;
         QString offered;
@@ -272,6 +278,7 @@ private Q_SLOTS:
         TestHost offline;
         offline.online = false;
         QCOMPARE(runCheck(offline, true, nullptr), QString(kQuiet)); // silent even when asked
+
         setLink("");
         TestHost fresh;
         QCOMPARE(runCheck(fresh, true, nullptr), QString(kNone));

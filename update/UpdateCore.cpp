@@ -18,6 +18,7 @@ namespace update {
 
 UpdateState updState;
 Limits limits;
+Network networkSeam = Network::Ask;
 
 namespace {
 

@@ -34,6 +34,10 @@ struct Limits
 };
 extern Limits limits;
 
+// Whether a network is up: asked of the system, or said by a test.
+enum class Network { Ask, Online, Offline };
+extern Network networkSeam;
+
 constexpr quint64 kDefaultMinSize = 10485760; // AverageUpdateSize when it is 0 or absent
 constexpr int kMinVersionFileBytes = 4;
 

@@ -59,6 +59,8 @@ QDialog *OpenUpdateDialog()
 
 bool Host::IsOnline() const
 {
+    if (networkSeam != Network::Ask)
+        return networkSeam == Network::Online;
     for (const QNetworkInterface &i : QNetworkInterface::allInterfaces()) {
         const auto f = i.flags();
         if ((f & QNetworkInterface::IsUp) && (f & QNetworkInterface::IsRunning) && !(f & QNetworkInterface::IsLoopBack))
@@ -254,6 +256,7 @@ QDownloadApp::~QDownloadApp()
         m_file->remove();
     }
 #endif
+    RemoveFolderIfEmpty();
 }
 
 void QDownloadApp::changeEvent(QEvent *event)
