@@ -57,8 +57,11 @@ void VideoRepairWindow::CheckForUpdate(bool manual)
     case UpdateWay::None:
         return;
     case UpdateWay::OpenLink:
-        if (manual)
-            QDesktopServices::openUrl(QUrl(startup::OpenSettings()->value("CN/CN_Update_Lnk").toString()));
+        if (manual) {
+            const QUrl page(startup::OpenSettings()->value("CN/CN_Update_Lnk").toString().trimmed());
+            if (page.scheme() == "http" || page.scheme() == "https")
+                QDesktopServices::openUrl(page);
+        }
         return;
     case UpdateWay::Check:
         break;
