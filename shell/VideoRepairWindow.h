@@ -209,7 +209,7 @@ public Q_SLOTS:
     void OnProgressValue(unsigned int n);
     void OnProgressFinish();
 
-    // About and update come with their own dialogs later.
+    // About comes with its own dialog later; the update lives in UpdateGlue.cpp.
     void OnAboutBtnClicked();
     void onUpdateWizard();
 
