@@ -20,6 +20,18 @@
 
 ShellValues shellApp;
 
+UpdateWay UpdateWayFor(MarketVariant variant)
+{
+    switch (variant) {
+    case MarketVariant::Japan:
+        return UpdateWay::None;
+    case MarketVariant::China:
+        return UpdateWay::OpenLink;
+    default:
+        return UpdateWay::Check;
+    }
+}
+
 namespace startup {
 
 std::unique_ptr<QSettings> OpenSettings()
@@ -137,6 +149,18 @@ QStringList FileArguments(const QStringList &arguments, const QString &cwd)
     return files;
 }
 
+QString UpdateFileStem()
+{
+    switch (kBrand) {
+    case Brand::Second:
+        return QStringLiteral("QuorrelVideomend");
+    case Brand::Third:
+        return QStringLiteral("TessalvaneVideomend");
+    default:
+        return QStringLiteral("HalvernVideomend");
+    }
+}
+
 int Run(int argc, char **argv)
 {
     // 1. Build switches: constants, see Startup.h.
@@ -198,6 +222,8 @@ int Run(int argc, char **argv)
                      Qt::QueuedConnection);
     if (!files.isEmpty())
         QTimer::singleShot(0, &window, [&window, files] { window.TakeFiles(files); });
+    // Once after start-up, silently: only a newer version says anything.
+    QTimer::singleShot(0, &window, [&window] { window.CheckForUpdate(false); });
     return app.exec();
 }
 

@@ -16,6 +16,11 @@ enum class MarketVariant { None, Japan, Korea, China };
 constexpr Brand kBrand = Brand::First;
 constexpr MarketVariant kMarketVariant = MarketVariant::None;
 
+// How a market variant looks for updates: Japan doesn't, China only opens
+// the page named by CN/CN_Update_Lnk when asked.
+enum class UpdateWay { Check, OpenLink, None };
+UpdateWay UpdateWayFor(MarketVariant variant);
+
 // Values kept from start-up for the rest of the process.
 struct ShellValues
 {
@@ -69,6 +74,9 @@ QString DataDir(const QString &appDir);
 // Absolute paths of the files named on a command line (program name
 // first), relative ones taken from `cwd`; file: URLs are accepted too.
 QStringList FileArguments(const QStringList &arguments, const QString &cwd);
+
+// The brand's part of the update's names on the server ("HalvernVideomend").
+QString UpdateFileStem();
 
 // main: the steps of start-up in order, then the event loop.
 int Run(int argc, char **argv);

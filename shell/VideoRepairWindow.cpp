@@ -8,6 +8,7 @@
 #include "SizeText.h"
 #include "Startup.h"
 #include "mux/FfmpegRunner.h"
+#include "UpdateHost.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -796,4 +797,3 @@ void VideoRepairWindow::mouseReleaseEvent(QMouseEvent *event)
 // --- Later dialogs: wired now, filled in with their own features ---
 
 void VideoRepairWindow::OnAboutBtnClicked() {}
-void VideoRepairWindow::onUpdateWizard() {}

@@ -25,6 +25,7 @@
 class QMenu;
 class QProcess;
 class QTimer;
+namespace update { class Host; }
 
 // Room on one volume for the files of a save.
 struct VolumeResult
@@ -73,6 +74,12 @@ public:
     void StartFadeIn();
     QString HelpPagePath() const;
     ThreadVideoRepair &RepairThread() { return m_repairThread; }
+    // Looks for a newer version: silently after start-up, aloud from the
+    // update buttons. An offer or download already open comes to the front.
+    void CheckForUpdate(bool manual);
+    // Before the installer takes over: a run stops as Stop stops it, a save
+    // finishes its copies, the exit's clean-up runs, then the program quits.
+    void EndForUpdate();
 
     MyTreeWidget *pFileList = nullptr;
     MyTreeWidget *pRepairList = nullptr;
@@ -202,7 +209,7 @@ public Q_SLOTS:
     void OnProgressValue(unsigned int n);
     void OnProgressFinish();
 
-    // About and update come with their own dialogs later.
+    // About comes with its own dialog later; the update lives in UpdateGlue.cpp.
     void OnAboutBtnClicked();
     void onUpdateWizard();
 
@@ -272,6 +279,7 @@ private:
     void StartPlayer(const QStringList &arguments);
 
     ThreadVideoRepair m_repairThread;
+    std::unique_ptr<update::Host> m_updateHost;
     WorkFolderLedger m_workFolders;
     ThreadFileSaving m_saveThread;
     QTimer *pFadeTimer = nullptr;

@@ -26,3 +26,8 @@ if(VM_DESKTOP_FILE_VALIDATE)
 else()
   message(STATUS "desktop-file-validate not found: the installed desktop entry goes unchecked")
 endif()
+
+# The software update against a loopback server.
+vm_add_test(tst_update)
+target_link_libraries(tst_update PRIVATE videomend_shell)
+target_compile_definitions(tst_update PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>")

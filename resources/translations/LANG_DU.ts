@@ -36,6 +36,21 @@
     </message>
 </context>
 <context>
+    <name>DownloadUpdate</name>
+    <message>
+        <source>Software Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Downloading Files</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>OK</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>InsufficientDlg</name>
     <message>
         <source>Insufficient Space</source>
@@ -146,6 +161,85 @@
     </message>
 </context>
 <context>
+    <name>QCheckUpdate</name>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>No update available.</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QDownloadApp</name>
+    <message>
+        <source>no address of the update server is set</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>the folder %1 can&apos;t be used</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Unable to save the file </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Time Elapsed: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> sec </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> MB copied) </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update failed 
+
+ Update failed due to partial download.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>The installer could not be started.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> MB of  </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Transfer Rate: </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> KB/sec </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>QShowUpdate</name>
+    <message>
+        <source>A new minor update </source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source> is available. Click Update to proceed further.</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>A new major release </source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>QuestionDlg</name>
     <message>
         <source>Yes</source>
@@ -226,6 +320,21 @@
     </message>
     <message>
         <source>Select Folder</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
+    <name>ShowUpdateAvail</name>
+    <message>
+        <source>Software Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Cancel</source>
         <translation type="unfinished"></translation>
     </message>
 </context>
