@@ -109,13 +109,9 @@ private slots:
             for (const QString &name : kNames)
                 QVERIFY2(!m.source.contains(name) || t.contains(name), qPrintable("name changed: " + where));
             QVERIFY2(t != m.source || kNames.contains(t) || same.contains(t), qPrintable("left in English: " + where));
-            QCOMPARE(Matches(t, "%\\d+"), Matches(m.source, "%\\d+"));
-            QCOMPARE(t.count('\n'), m.source.count('\n'));
-            QCOMPARE(Matches(t, "^\\s+|\\s+$"), Matches(m.source, "^\\s+|\\s+$"));
-            if (m.source.startsWith('<'))
-                QCOMPARE(Matches(t, "<[^>]*>"), Matches(m.source, "<[^>]*>"));
-            else
-                QVERIFY2(t.contains('&') == m.source.contains('&'), qPrintable("mnemonic: " + where));
+            // Placeholders, line breaks, outer blanks, markup or mnemonics as in the source.
+            const QString kept = QString("%\\d+|\\n|^\\s+|\\s+$|") + (m.source.startsWith('<') ? "<[^>]*>" : "&");
+            QVERIFY2(Matches(t, kept) == Matches(m.source, kept), qPrintable("layout differs: " + where));
             for (uint u : t.toUcs4())
                 if (u != '\n')
                     chars.insert(u);

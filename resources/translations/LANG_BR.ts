@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Reparo avançado</translation>
+        <translation>Rep. avançado</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>

@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Geavanceerd herstel</translation>
+        <translation>Geav. herstel</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>

@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Reparación avanzada</translation>
+        <translation>Rep. avanzada</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>

@@ -330,7 +330,7 @@
     </message>
     <message>
         <source>What is a reference file?</source>
-        <translation>Qu&apos;est-ce qu&apos;un fichier de référence ?</translation>
+        <translation>Qu&apos;est-ce qu&apos;une référence ?</translation>
     </message>
     <message>
         <source>Save Repaired Files</source>
@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Réparation avancée</translation>
+        <translation>Rép. avancée</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>

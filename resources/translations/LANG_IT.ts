@@ -373,7 +373,7 @@
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation>Riparazione avanzata</translation>
+        <translation>Rip. avanzata</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>
