@@ -8,6 +8,7 @@ packages=(
   qtbase5-dev qttools5-dev-tools qttools5-dev
   ffmpeg libavcodec-extra mplayer
   xvfb xauth fonts-dejavu-core fonts-dejavu-extra qttranslations5-l10n
+  fonts-noto-cjk fonts-noto-core
   desktop-file-utils
 )
 

@@ -31,3 +31,9 @@ endif()
 vm_add_test(tst_update)
 target_link_libraries(tst_update PRIVATE videomend_shell)
 target_compile_definitions(tst_update PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>")
+# The translations: their sources, the fonts that draw them and the compiled files.
+vm_add_test(tst_translations)
+target_link_libraries(tst_translations PRIVATE videomend_shell)
+target_compile_definitions(tst_translations PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>"
+  VM_TRANSLATIONS_SRC="${CMAKE_SOURCE_DIR}/resources/translations")
+add_dependencies(tst_translations videomend_data)

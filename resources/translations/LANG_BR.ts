@@ -5,34 +5,34 @@
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicionar vídeo de amostra</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Advance Repair&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use this option to repair severely damaged videos. &lt;/p&gt;&lt;p&gt;Click &amp;quot;Next&amp;quot; to add a &apos;sample video&apos; of the same format, shot using the same device.&lt;/p&gt;&lt;p&gt;The sample and the damaged video remain unchanged during repair process.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Reparo avançado&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use esta opção para reparar vídeos muito danificados. &lt;/p&gt;&lt;p&gt;Clique em &amp;quot;Avançar&amp;quot; para adicionar um “vídeo de amostra” do mesmo formato, gravado com o mesmo dispositivo.&lt;/p&gt;&lt;p&gt;O vídeo de amostra e o vídeo danificado não são alterados durante o reparo.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Avançar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Saiba mais</translation>
     </message>
 </context>
 <context>
     <name>CloseApplicationDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sim</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>Não</translation>
     </message>
 </context>
 <context>
@@ -54,29 +54,31 @@
     <name>InsufficientDlg</name>
     <message>
         <source>Insufficient Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Espaço insuficiente</translation>
     </message>
     <message>
         <source>Insufficient space at selected destination.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Espaço insuficiente no destino selecionado.
+</translation>
     </message>
     <message>
         <source>Click &apos;Browse&apos; to change destination .
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Clique em “Procurar” para alterar o destino.
+</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Procurar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -84,80 +86,81 @@
     <message>
         <source>Available Space: %1, Required Space: %2
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Espaço disponível: %1, espaço necessário: %2
+</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Selecionar pasta</translation>
     </message>
 </context>
 <context>
     <name>Languages</name>
     <message>
         <source>English</source>
-        <translation type="unfinished"></translation>
+        <translation>Inglês</translation>
     </message>
     <message>
         <source>German</source>
-        <translation type="unfinished"></translation>
+        <translation>Alemão</translation>
     </message>
     <message>
         <source>French</source>
-        <translation type="unfinished"></translation>
+        <translation>Francês</translation>
     </message>
     <message>
         <source>Italian</source>
-        <translation type="unfinished"></translation>
+        <translation>Italiano</translation>
     </message>
     <message>
         <source>Spanish</source>
-        <translation type="unfinished"></translation>
+        <translation>Espanhol</translation>
     </message>
     <message>
         <source>Japanese</source>
-        <translation type="unfinished"></translation>
+        <translation>Japonês</translation>
     </message>
     <message>
         <source>Chinese</source>
-        <translation type="unfinished"></translation>
+        <translation>Chinês</translation>
     </message>
     <message>
         <source>Korean</source>
-        <translation type="unfinished"></translation>
+        <translation>Coreano</translation>
     </message>
     <message>
         <source>Dutch</source>
-        <translation type="unfinished"></translation>
+        <translation>Holandês</translation>
     </message>
     <message>
         <source>Portuguese Brazil</source>
-        <translation type="unfinished"></translation>
+        <translation>Português (Brasil)</translation>
     </message>
     <message>
         <source>Hindi</source>
-        <translation type="unfinished"></translation>
+        <translation>Hindi</translation>
     </message>
 </context>
 <context>
     <name>MessageDlg</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>Messages</name>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Sair</translation>
     </message>
     <message>
         <source>Halvern Videomend</source>
-        <translation type="unfinished"></translation>
+        <translation>Halvern Videomend</translation>
     </message>
     <message>
         <source>Halvern Videomend is already running.</source>
-        <translation type="unfinished"></translation>
+        <translation>O Halvern Videomend já está em execução.</translation>
     </message>
 </context>
 <context>
@@ -243,84 +246,84 @@
     <name>QuestionDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sim</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>Não</translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Choose Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Escolher vídeo</translation>
     </message>
     <message>
         <source>Add a sample video:</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicione um vídeo de amostra:</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Procurar</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Apply to all files of same format.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aplicar a todos os arquivos do mesmo formato.</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicionar arquivo</translation>
     </message>
 </context>
 <context>
     <name>ReferenceRepairedDlg</name>
     <message>
         <source>Video file repaired successfully!</source>
-        <translation type="unfinished"></translation>
+        <translation>Arquivo de vídeo reparado com sucesso!</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>SaveDlgClass</name>
     <message>
         <source>Save Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvar arquivos</translation>
     </message>
     <message>
         <source>Save repaired file at source location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvar o arquivo reparado no local de origem.</translation>
     </message>
     <message>
         <source>Save file at custom location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvar o arquivo em outro local.</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Procurar</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Selecionar pasta</translation>
     </message>
 </context>
 <context>
@@ -342,417 +345,427 @@
     <name>Sizes</name>
     <message>
         <source>%1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bytes</translation>
     </message>
 </context>
 <context>
     <name>StopDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sim</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>Não</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWin</name>
     <message>
         <source>Minimise</source>
-        <translation type="unfinished"></translation>
+        <translation>Minimizar</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Fechar</translation>
     </message>
     <message>
         <source>Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Menu</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Idiomas</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Sobre</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Ajuda</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualizar</translation>
     </message>
     <message>
         <source>Add Your Corrupt Videos to Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicione seus vídeos corrompidos para reparar</translation>
     </message>
     <message>
         <source>Add Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicionar vídeos</translation>
     </message>
     <message>
         <source>Repair Your Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Repare seus vídeos</translation>
     </message>
     <message>
         <source>Click &apos;Repair&apos; button to fix corrupted videos. This may take a while depending on the number of videos and their size</source>
-        <translation type="unfinished"></translation>
+        <translation>Clique no botão “Reparar” para corrigir os vídeos corrompidos. Isso pode levar algum tempo, dependendo do número de vídeos e do tamanho deles</translation>
     </message>
     <message>
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>Selecionar tudo</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicionar</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Remover</translation>
     </message>
     <message>
         <source>Click here</source>
-        <translation type="unfinished"></translation>
+        <translation>Clique aqui</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparar</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Voltar</translation>
     </message>
     <message>
         <source>Overall Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progresso geral</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Visualizar</translation>
     </message>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>O que é um arquivo de referência?</translation>
     </message>
     <message>
         <source>Save Repaired Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvar arquivos reparados</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Parar</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWindow</name>
     <message>
         <source>Queued</source>
-        <translation type="unfinished"></translation>
+        <translation>Na fila</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation type="unfinished"></translation>
+        <translation>Processando</translation>
     </message>
     <message>
         <source>Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>Concluído</translation>
     </message>
     <message>
         <source>Awaiting Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Ação necessária</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Falhou</translation>
     </message>
     <message>
         <source>Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelado</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Visualizar</translation>
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Rep. avançado</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>FFmpeg não encontrado</translation>
     </message>
     <message>
         <source>FFmpeg is not installed, so damaged videos can be checked but not rebuilt.
 Install it with: sudo apt-get install ffmpeg</source>
-        <translation type="unfinished"></translation>
+        <translation>O FFmpeg não está instalado: os vídeos danificados podem ser verificados, mas não reconstruídos.
+Instale-o com: sudo apt-get install ffmpeg</translation>
     </message>
     <message>
         <source> : Repairing file</source>
-        <translation type="unfinished"></translation>
+        <translation> : Reparando arquivo</translation>
     </message>
     <message>
         <source>of</source>
-        <translation type="unfinished"></translation>
+        <translation>de</translation>
     </message>
     <message>
         <source>Repairing </source>
-        <translation type="unfinished"></translation>
+        <translation>Reparando </translation>
     </message>
     <message>
         <source>Repair Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparo concluído</translation>
     </message>
     <message>
         <source>Repair process completed.
 Check &apos;Status&apos; column to view the repair outcome.</source>
-        <translation type="unfinished"></translation>
+        <translation>O processo de reparo foi concluído.
+Veja o resultado na coluna “Status”.</translation>
     </message>
     <message>
         <source>Advance Repair Required</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparo avançado necessário</translation>
     </message>
     <message>
         <source>This video is severely damaged. Run advance repair option to repair it before saving.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este vídeo está muito danificado. Execute o reparo avançado antes de salvá-lo.</translation>
     </message>
     <message>
         <source>Process Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Processo cancelado</translation>
     </message>
     <message>
         <source>Repair process was aborted. Go back to the previous screen to restart the repair process.</source>
-        <translation type="unfinished"></translation>
+        <translation>O processo de reparo foi cancelado. Volte à tela anterior para reiniciar o reparo.</translation>
     </message>
     <message>
         <source>Severely Corrupted Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Vídeo muito corrompido</translation>
     </message>
     <message>
         <source>This video is severely corrupted and cannot be repaired.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este vídeo está muito corrompido e não pode ser reparado.</translation>
     </message>
     <message>
         <source>Stop Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Parar reparo</translation>
     </message>
     <message>
         <source>This process will stop after processing the current file.</source>
-        <translation type="unfinished"></translation>
+        <translation>O processo será interrompido após o processamento do arquivo atual.</translation>
     </message>
     <message>
         <source>Do you want to stop the process?</source>
-        <translation type="unfinished"></translation>
+        <translation>Deseja interromper o processo?</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>
-        <translation type="unfinished"></translation>
+        <translation>Deseja interromper o processo atual?</translation>
     </message>
     <message>
         <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
-        <translation type="unfinished"></translation>
+        <translation>Não será possível retomar o processo a partir deste ponto. Todas as alterações serão descartadas. </translation>
     </message>
     <message>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta ação apagará os resultados do reparo.
+Deseja voltar à tela anterior?</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Voltar</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted video before leaving this page?</source>
-        <translation type="unfinished"></translation>
+        <translation>Deseja executar o reparo avançado no vídeo muito corrompido antes de sair desta página?</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Idiomas</translation>
     </message>
     <message>
         <source>List of video files</source>
-        <translation type="unfinished"></translation>
+        <translation>Lista de arquivos de vídeo</translation>
     </message>
     <message>
         <source> File Name</source>
-        <translation type="unfinished"></translation>
+        <translation> Nome do arquivo</translation>
     </message>
     <message>
         <source> Path</source>
-        <translation type="unfinished"></translation>
+        <translation> Caminho</translation>
     </message>
     <message>
         <source> Size (MB)</source>
-        <translation type="unfinished"></translation>
+        <translation> Tamanho (MB)</translation>
     </message>
     <message>
         <source> Modified Date</source>
-        <translation type="unfinished"></translation>
+        <translation> Data de modificação</translation>
     </message>
     <message>
         <source> Created Date</source>
-        <translation type="unfinished"></translation>
+        <translation> Data de criação</translation>
     </message>
     <message>
         <source>  Path</source>
-        <translation type="unfinished"></translation>
+        <translation>  Caminho</translation>
     </message>
     <message>
         <source> Status</source>
-        <translation type="unfinished"></translation>
+        <translation> Status</translation>
     </message>
     <message>
         <source> Action</source>
-        <translation type="unfinished"></translation>
+        <translation> Ação</translation>
     </message>
     <message>
         <source>Repaired files will be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Os arquivos reparados serão salvos em %1.</translation>
     </message>
     <message>
         <source>Repaired files will be saved at the source file location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Os arquivos reparados serão salvos no local dos arquivos de origem.</translation>
     </message>
     <message>
         <source>To change location</source>
-        <translation type="unfinished"></translation>
+        <translation>Para alterar o local</translation>
     </message>
     <message>
         <source>Repairing selected videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparando os vídeos selecionados</translation>
     </message>
     <message>
         <source>This may take a while, depending on the number of videos and their file size. Please wait while the process is completed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Isso pode levar algum tempo, dependendo do número de vídeos e do tamanho dos arquivos. Aguarde a conclusão do processo.</translation>
     </message>
     <message>
         <source>Repair Process Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>Processo de reparo concluído</translation>
     </message>
     <message>
         <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired videos. Click the &apos;Preview&apos; under Action column to preview repaired videos. </source>
-        <translation type="unfinished"></translation>
+        <translation>Clique em “Salvar arquivos reparados” para salvar todos os vídeos reparados. Clique em “Visualizar” na coluna Ação para ver um vídeo reparado. </translation>
     </message>
     <message>
         <source>Advance Repair Running</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparo avançado em andamento</translation>
     </message>
     <message>
         <source>Please wait while the &apos;Advance Repair&apos; process is running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aguarde enquanto o reparo avançado está em andamento.</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>Adicionar arquivo</translation>
     </message>
     <message>
         <source>Already added files</source>
-        <translation type="unfinished"></translation>
+        <translation>Arquivos já adicionados</translation>
     </message>
     <message>
         <source>Files already added to list will be skipped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Os arquivos que já estão na lista serão ignorados.</translation>
     </message>
     <message>
         <source>Choose Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Escolher local</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Sair</translation>
     </message>
     <message>
         <source>Application Running! 
 Please halt the current process to Exit.</source>
-        <translation type="unfinished"></translation>
+        <translation>O aplicativo está em execução! 
+Interrompa o processo atual para sair.</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted files before exiting?</source>
-        <translation type="unfinished"></translation>
+        <translation>Deseja executar o reparo avançado nos arquivos muito corrompidos antes de sair?</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
-        <translation type="unfinished"></translation>
+        <translation>Tem certeza de que deseja sair?</translation>
     </message>
     <message>
         <source>File Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Arquivo não encontrado</translation>
     </message>
     <message>
         <source>The repaired file is no longer there:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>O arquivo reparado não existe mais:
+%1</translation>
     </message>
     <message>
         <source>Player Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Reprodutor não encontrado</translation>
     </message>
     <message>
         <source>Preview needs MPlayer, which could not be started.
 Install it with: sudo apt-get install mplayer</source>
-        <translation type="unfinished"></translation>
+        <translation>A visualização precisa do MPlayer, que não pôde ser iniciado.
+Instale-o com: sudo apt-get install mplayer</translation>
     </message>
     <message>
         <source>Saving Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Salvamento concluído</translation>
     </message>
     <message>
         <source>Repaired files saved successfully.</source>
-        <translation type="unfinished"></translation>
+        <translation>Arquivos reparados salvos com sucesso.</translation>
     </message>
     <message>
         <source>Files Not Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Arquivos não salvos</translation>
     </message>
     <message>
         <source>These files could not be saved:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Não foi possível salvar estes arquivos:
+%1</translation>
     </message>
     <message>
         <source>Wait while repaired files are being saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aguarde enquanto os arquivos reparados são salvos.</translation>
     </message>
     <message>
         <source>No Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Nenhum arquivo</translation>
     </message>
     <message>
         <source>No Files Selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nenhum arquivo selecionado.</translation>
     </message>
     <message>
         <source>Choose Another Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Escolher outra pasta</translation>
     </message>
     <message>
         <source>This folder holds the program&apos;s work files and is removed at exit.
 Choose another folder to save the repaired files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta pasta contém os arquivos de trabalho do programa e é removida ao sair.
+Escolha outra pasta para salvar os arquivos reparados.</translation>
     </message>
     <message>
         <source>Cannot Save Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Não é possível salvar aqui</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to this folder:
 %1
 Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>Não é possível gravar arquivos nesta pasta:
+%1
+Escolha outra pasta.</translation>
     </message>
 </context>
 <context>
     <name>repairFinishDialog</name>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>O que é um arquivo de referência?</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 </TS>

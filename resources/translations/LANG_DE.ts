@@ -5,23 +5,23 @@
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Beispielvideo hinzufügen</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Advance Repair&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use this option to repair severely damaged videos. &lt;/p&gt;&lt;p&gt;Click &amp;quot;Next&amp;quot; to add a &apos;sample video&apos; of the same format, shot using the same device.&lt;/p&gt;&lt;p&gt;The sample and the damaged video remain unchanged during repair process.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Erweiterte Reparatur&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Verwenden Sie diese Option, um schwer beschädigte Videos zu reparieren. &lt;/p&gt;&lt;p&gt;Klicken Sie auf &amp;quot;Weiter&amp;quot;, um ein „Beispielvideo“ im selben Format hinzuzufügen, das mit demselben Gerät aufgenommen wurde.&lt;/p&gt;&lt;p&gt;Das Beispielvideo und das beschädigte Video bleiben während der Reparatur unverändert.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Weiter</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Mehr erfahren</translation>
     </message>
 </context>
 <context>
@@ -257,73 +257,73 @@
     <name>ReferenceFileDlg</name>
     <message>
         <source>Choose Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Video auswählen</translation>
     </message>
     <message>
         <source>Add a sample video:</source>
-        <translation type="unfinished"></translation>
+        <translation>Beispielvideo hinzufügen:</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished">Durchsuchen</translation>
+        <translation>Durchsuchen</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished">Reparieren</translation>
+        <translation>Reparieren</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Apply to all files of same format.</source>
-        <translation type="unfinished"></translation>
+        <translation>Auf alle Dateien desselben Formats anwenden.</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished">Datei hinzufügen</translation>
+        <translation>Datei hinzufügen</translation>
     </message>
 </context>
 <context>
     <name>ReferenceRepairedDlg</name>
     <message>
         <source>Video file repaired successfully!</source>
-        <translation type="unfinished"></translation>
+        <translation>Die Videodatei wurde erfolgreich repariert!</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished">OK</translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>SaveDlgClass</name>
     <message>
         <source>Save Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien speichern</translation>
     </message>
     <message>
         <source>Save repaired file at source location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparierte Datei am Speicherort der Quelldatei speichern.</translation>
     </message>
     <message>
         <source>Save file at custom location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei an einem anderen Speicherort speichern.</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished">Durchsuchen</translation>
+        <translation>Durchsuchen</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished">Ordner auswählen</translation>
+        <translation>Ordner auswählen</translation>
     </message>
 </context>
 <context>
@@ -686,69 +686,75 @@ Bitte halten Sie den laufenden Vorgang an, um das Programm zu beenden.</translat
     </message>
     <message>
         <source>File Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Datei nicht gefunden</translation>
     </message>
     <message>
         <source>The repaired file is no longer there:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Die reparierte Datei ist nicht mehr vorhanden:
+%1</translation>
     </message>
     <message>
         <source>Player Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Player nicht gefunden</translation>
     </message>
     <message>
         <source>Preview needs MPlayer, which could not be started.
 Install it with: sudo apt-get install mplayer</source>
-        <translation type="unfinished"></translation>
+        <translation>Für die Vorschau wird MPlayer benötigt, der nicht gestartet werden konnte.
+Installieren Sie ihn mit: sudo apt-get install mplayer</translation>
     </message>
     <message>
         <source>Saving Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern abgeschlossen</translation>
     </message>
     <message>
         <source>Repaired files saved successfully.</source>
-        <translation type="unfinished"></translation>
+        <translation>Die reparierten Dateien wurden erfolgreich gespeichert.</translation>
     </message>
     <message>
         <source>Files Not Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien nicht gespeichert</translation>
     </message>
     <message>
         <source>These files could not be saved:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>Diese Dateien konnten nicht gespeichert werden:
+%1</translation>
     </message>
     <message>
         <source>Wait while repaired files are being saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Bitte warten Sie, während die reparierten Dateien gespeichert werden.</translation>
     </message>
     <message>
         <source>No Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Dateien</translation>
     </message>
     <message>
         <source>No Files Selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>Keine Dateien ausgewählt.</translation>
     </message>
     <message>
         <source>Choose Another Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Anderen Ordner wählen</translation>
     </message>
     <message>
         <source>This folder holds the program&apos;s work files and is removed at exit.
 Choose another folder to save the repaired files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Dieser Ordner enthält die Arbeitsdateien des Programms und wird beim Beenden gelöscht.
+Wählen Sie einen anderen Ordner zum Speichern der reparierten Dateien.</translation>
     </message>
     <message>
         <source>Cannot Save Here</source>
-        <translation type="unfinished"></translation>
+        <translation>Speichern hier nicht möglich</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to this folder:
 %1
 Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>In diesen Ordner können keine Dateien geschrieben werden:
+%1
+Wählen Sie einen anderen Ordner.</translation>
     </message>
 </context>
 <context>

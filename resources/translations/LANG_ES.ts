@@ -5,34 +5,34 @@
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir vídeo de muestra</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Advance Repair&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use this option to repair severely damaged videos. &lt;/p&gt;&lt;p&gt;Click &amp;quot;Next&amp;quot; to add a &apos;sample video&apos; of the same format, shot using the same device.&lt;/p&gt;&lt;p&gt;The sample and the damaged video remain unchanged during repair process.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Reparación avanzada&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use esta opción para reparar vídeos muy dañados. &lt;/p&gt;&lt;p&gt;Haga clic en &amp;quot;Siguiente&amp;quot; para añadir un «vídeo de muestra» del mismo formato, grabado con el mismo dispositivo.&lt;/p&gt;&lt;p&gt;El vídeo de muestra y el vídeo dañado no se modifican durante la reparación.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>Siguiente</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>Más información</translation>
     </message>
 </context>
 <context>
     <name>CloseApplicationDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sí</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>No</translation>
     </message>
 </context>
 <context>
@@ -54,29 +54,31 @@
     <name>InsufficientDlg</name>
     <message>
         <source>Insufficient Space</source>
-        <translation type="unfinished"></translation>
+        <translation>Espacio insuficiente</translation>
     </message>
     <message>
         <source>Insufficient space at selected destination.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Espacio insuficiente en el destino seleccionado.
+</translation>
     </message>
     <message>
         <source>Click &apos;Browse&apos; to change destination .
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic en «Examinar» para cambiar el destino.
+</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Examinar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
@@ -84,80 +86,81 @@
     <message>
         <source>Available Space: %1, Required Space: %2
 </source>
-        <translation type="unfinished"></translation>
+        <translation>Espacio disponible: %1, espacio necesario: %2
+</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar carpeta</translation>
     </message>
 </context>
 <context>
     <name>Languages</name>
     <message>
         <source>English</source>
-        <translation type="unfinished"></translation>
+        <translation>Inglés</translation>
     </message>
     <message>
         <source>German</source>
-        <translation type="unfinished"></translation>
+        <translation>Alemán</translation>
     </message>
     <message>
         <source>French</source>
-        <translation type="unfinished"></translation>
+        <translation>Francés</translation>
     </message>
     <message>
         <source>Italian</source>
-        <translation type="unfinished"></translation>
+        <translation>Italiano</translation>
     </message>
     <message>
         <source>Spanish</source>
-        <translation type="unfinished"></translation>
+        <translation>Español</translation>
     </message>
     <message>
         <source>Japanese</source>
-        <translation type="unfinished"></translation>
+        <translation>Japonés</translation>
     </message>
     <message>
         <source>Chinese</source>
-        <translation type="unfinished"></translation>
+        <translation>Chino</translation>
     </message>
     <message>
         <source>Korean</source>
-        <translation type="unfinished"></translation>
+        <translation>Coreano</translation>
     </message>
     <message>
         <source>Dutch</source>
-        <translation type="unfinished"></translation>
+        <translation>Neerlandés</translation>
     </message>
     <message>
         <source>Portuguese Brazil</source>
-        <translation type="unfinished"></translation>
+        <translation>Portugués (Brasil)</translation>
     </message>
     <message>
         <source>Hindi</source>
-        <translation type="unfinished"></translation>
+        <translation>Hindi</translation>
     </message>
 </context>
 <context>
     <name>MessageDlg</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
     <name>Messages</name>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Salir</translation>
     </message>
     <message>
         <source>Halvern Videomend</source>
-        <translation type="unfinished"></translation>
+        <translation>Halvern Videomend</translation>
     </message>
     <message>
         <source>Halvern Videomend is already running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Halvern Videomend ya se está ejecutando.</translation>
     </message>
 </context>
 <context>
@@ -243,84 +246,84 @@
     <name>QuestionDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sí</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>No</translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Choose Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir vídeo</translation>
     </message>
     <message>
         <source>Add a sample video:</source>
-        <translation type="unfinished"></translation>
+        <translation>Añada un vídeo de muestra:</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Examinar</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Apply to all files of same format.</source>
-        <translation type="unfinished"></translation>
+        <translation>Aplicar a todos los archivos del mismo formato.</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir archivo</translation>
     </message>
 </context>
 <context>
     <name>ReferenceRepairedDlg</name>
     <message>
         <source>Video file repaired successfully!</source>
-        <translation type="unfinished"></translation>
+        <translation>¡Archivo de vídeo reparado correctamente!</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
     <name>SaveDlgClass</name>
     <message>
         <source>Save Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar archivos</translation>
     </message>
     <message>
         <source>Save repaired file at source location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar el archivo reparado en la ubicación de origen.</translation>
     </message>
     <message>
         <source>Save file at custom location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar el archivo en otra ubicación.</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>Examinar</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar carpeta</translation>
     </message>
 </context>
 <context>
@@ -342,417 +345,427 @@
     <name>Sizes</name>
     <message>
         <source>%1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 bytes</translation>
     </message>
 </context>
 <context>
     <name>StopDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>Sí</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>No</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWin</name>
     <message>
         <source>Minimise</source>
-        <translation type="unfinished"></translation>
+        <translation>Minimizar</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>Cerrar</translation>
     </message>
     <message>
         <source>Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>Menú</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Idiomas</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>Acerca de</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>Ayuda</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualizar</translation>
     </message>
     <message>
         <source>Add Your Corrupt Videos to Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Añada los vídeos dañados que quiera reparar</translation>
     </message>
     <message>
         <source>Add Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir vídeos</translation>
     </message>
     <message>
         <source>Repair Your Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Repare sus vídeos</translation>
     </message>
     <message>
         <source>Click &apos;Repair&apos; button to fix corrupted videos. This may take a while depending on the number of videos and their size</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic en el botón «Reparar» para corregir los vídeos dañados. Puede tardar un poco según el número de vídeos y su tamaño</translation>
     </message>
     <message>
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>Seleccionar todo</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>Quitar</translation>
     </message>
     <message>
         <source>Click here</source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic aquí</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparar</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Atrás</translation>
     </message>
     <message>
         <source>Overall Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>Progreso total</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Vista previa</translation>
     </message>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Qué es un archivo de referencia?</translation>
     </message>
     <message>
         <source>Save Repaired Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardar archivos reparados</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>Detener</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWindow</name>
     <message>
         <source>Queued</source>
-        <translation type="unfinished"></translation>
+        <translation>En cola</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation type="unfinished"></translation>
+        <translation>Procesando</translation>
     </message>
     <message>
         <source>Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>Completado</translation>
     </message>
     <message>
         <source>Awaiting Action</source>
-        <translation type="unfinished"></translation>
+        <translation>Acción necesaria</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>Error</translation>
     </message>
     <message>
         <source>Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelado</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>Vista previa</translation>
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Rep. avanzada</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>FFmpeg no encontrado</translation>
     </message>
     <message>
         <source>FFmpeg is not installed, so damaged videos can be checked but not rebuilt.
 Install it with: sudo apt-get install ffmpeg</source>
-        <translation type="unfinished"></translation>
+        <translation>FFmpeg no está instalado: los vídeos dañados se pueden analizar, pero no reconstruir.
+Instálelo con: sudo apt-get install ffmpeg</translation>
     </message>
     <message>
         <source> : Repairing file</source>
-        <translation type="unfinished"></translation>
+        <translation> : Reparando archivo</translation>
     </message>
     <message>
         <source>of</source>
-        <translation type="unfinished"></translation>
+        <translation>de</translation>
     </message>
     <message>
         <source>Repairing </source>
-        <translation type="unfinished"></translation>
+        <translation>Reparando </translation>
     </message>
     <message>
         <source>Repair Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparación completada</translation>
     </message>
     <message>
         <source>Repair process completed.
 Check &apos;Status&apos; column to view the repair outcome.</source>
-        <translation type="unfinished"></translation>
+        <translation>El proceso de reparación ha finalizado.
+Consulte la columna «Estado» para ver el resultado.</translation>
     </message>
     <message>
         <source>Advance Repair Required</source>
-        <translation type="unfinished"></translation>
+        <translation>Se necesita reparación avanzada</translation>
     </message>
     <message>
         <source>This video is severely damaged. Run advance repair option to repair it before saving.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este vídeo está muy dañado. Ejecute la reparación avanzada antes de guardarlo.</translation>
     </message>
     <message>
         <source>Process Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>Proceso cancelado</translation>
     </message>
     <message>
         <source>Repair process was aborted. Go back to the previous screen to restart the repair process.</source>
-        <translation type="unfinished"></translation>
+        <translation>El proceso de reparación se ha cancelado. Vuelva a la pantalla anterior para reiniciar la reparación.</translation>
     </message>
     <message>
         <source>Severely Corrupted Video</source>
-        <translation type="unfinished"></translation>
+        <translation>Vídeo muy dañado</translation>
     </message>
     <message>
         <source>This video is severely corrupted and cannot be repaired.</source>
-        <translation type="unfinished"></translation>
+        <translation>Este vídeo está muy dañado y no se puede reparar.</translation>
     </message>
     <message>
         <source>Stop Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>Detener reparación</translation>
     </message>
     <message>
         <source>This process will stop after processing the current file.</source>
-        <translation type="unfinished"></translation>
+        <translation>El proceso se detendrá después de procesar el archivo actual.</translation>
     </message>
     <message>
         <source>Do you want to stop the process?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Desea detener el proceso?</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Desea detener el proceso actual?</translation>
     </message>
     <message>
         <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
-        <translation type="unfinished"></translation>
+        <translation>No podrá reanudar el proceso desde este punto. Se descartarán todos los cambios. </translation>
     </message>
     <message>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta acción borrará los resultados de la reparación.
+¿Desea volver a la pantalla anterior?</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>Atrás</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted video before leaving this page?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Desea ejecutar la reparación avanzada en el vídeo muy dañado antes de salir de esta página?</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>Idiomas</translation>
     </message>
     <message>
         <source>List of video files</source>
-        <translation type="unfinished"></translation>
+        <translation>Lista de archivos de vídeo</translation>
     </message>
     <message>
         <source> File Name</source>
-        <translation type="unfinished"></translation>
+        <translation> Nombre de archivo</translation>
     </message>
     <message>
         <source> Path</source>
-        <translation type="unfinished"></translation>
+        <translation> Ruta</translation>
     </message>
     <message>
         <source> Size (MB)</source>
-        <translation type="unfinished"></translation>
+        <translation> Tamaño (MB)</translation>
     </message>
     <message>
         <source> Modified Date</source>
-        <translation type="unfinished"></translation>
+        <translation> Fecha de modificación</translation>
     </message>
     <message>
         <source> Created Date</source>
-        <translation type="unfinished"></translation>
+        <translation> Fecha de creación</translation>
     </message>
     <message>
         <source>  Path</source>
-        <translation type="unfinished"></translation>
+        <translation>  Ruta</translation>
     </message>
     <message>
         <source> Status</source>
-        <translation type="unfinished"></translation>
+        <translation> Estado</translation>
     </message>
     <message>
         <source> Action</source>
-        <translation type="unfinished"></translation>
+        <translation> Acción</translation>
     </message>
     <message>
         <source>Repaired files will be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los archivos reparados se guardarán en %1.</translation>
     </message>
     <message>
         <source>Repaired files will be saved at the source file location.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los archivos reparados se guardarán en la ubicación de los archivos de origen.</translation>
     </message>
     <message>
         <source>To change location</source>
-        <translation type="unfinished"></translation>
+        <translation>Para cambiar la ubicación</translation>
     </message>
     <message>
         <source>Repairing selected videos</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparando los vídeos seleccionados</translation>
     </message>
     <message>
         <source>This may take a while, depending on the number of videos and their file size. Please wait while the process is completed.</source>
-        <translation type="unfinished"></translation>
+        <translation>Puede tardar un poco según el número de vídeos y su tamaño. Espere mientras se completa el proceso.</translation>
     </message>
     <message>
         <source>Repair Process Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>Proceso de reparación completado</translation>
     </message>
     <message>
         <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired videos. Click the &apos;Preview&apos; under Action column to preview repaired videos. </source>
-        <translation type="unfinished"></translation>
+        <translation>Haga clic en «Guardar archivos reparados» para guardar todos los vídeos reparados. Haga clic en «Vista previa» en la columna Acción para ver un vídeo reparado. </translation>
     </message>
     <message>
         <source>Advance Repair Running</source>
-        <translation type="unfinished"></translation>
+        <translation>Reparación avanzada en curso</translation>
     </message>
     <message>
         <source>Please wait while the &apos;Advance Repair&apos; process is running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Espere mientras se ejecuta la reparación avanzada.</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>Añadir archivo</translation>
     </message>
     <message>
         <source>Already added files</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivos ya añadidos</translation>
     </message>
     <message>
         <source>Files already added to list will be skipped.</source>
-        <translation type="unfinished"></translation>
+        <translation>Se omitirán los archivos que ya están en la lista.</translation>
     </message>
     <message>
         <source>Choose Location</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir ubicación</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>Salir</translation>
     </message>
     <message>
         <source>Application Running! 
 Please halt the current process to Exit.</source>
-        <translation type="unfinished"></translation>
+        <translation>¡La aplicación se está ejecutando! 
+Detenga el proceso actual para salir.</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted files before exiting?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Desea ejecutar la reparación avanzada en los archivos muy dañados antes de salir?</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Seguro que desea salir?</translation>
     </message>
     <message>
         <source>File Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivo no encontrado</translation>
     </message>
     <message>
         <source>The repaired file is no longer there:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>El archivo reparado ya no existe:
+%1</translation>
     </message>
     <message>
         <source>Player Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>Reproductor no encontrado</translation>
     </message>
     <message>
         <source>Preview needs MPlayer, which could not be started.
 Install it with: sudo apt-get install mplayer</source>
-        <translation type="unfinished"></translation>
+        <translation>La vista previa necesita MPlayer, que no se pudo iniciar.
+Instálelo con: sudo apt-get install mplayer</translation>
     </message>
     <message>
         <source>Saving Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>Guardado completado</translation>
     </message>
     <message>
         <source>Repaired files saved successfully.</source>
-        <translation type="unfinished"></translation>
+        <translation>Los archivos reparados se han guardado correctamente.</translation>
     </message>
     <message>
         <source>Files Not Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>Archivos no guardados</translation>
     </message>
     <message>
         <source>These files could not be saved:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudieron guardar estos archivos:
+%1</translation>
     </message>
     <message>
         <source>Wait while repaired files are being saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>Espere mientras se guardan los archivos reparados.</translation>
     </message>
     <message>
         <source>No Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Sin archivos</translation>
     </message>
     <message>
         <source>No Files Selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay archivos seleccionados.</translation>
     </message>
     <message>
         <source>Choose Another Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>Elegir otra carpeta</translation>
     </message>
     <message>
         <source>This folder holds the program&apos;s work files and is removed at exit.
 Choose another folder to save the repaired files.</source>
-        <translation type="unfinished"></translation>
+        <translation>Esta carpeta contiene los archivos de trabajo del programa y se elimina al salir.
+Elija otra carpeta para guardar los archivos reparados.</translation>
     </message>
     <message>
         <source>Cannot Save Here</source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede guardar aquí</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to this folder:
 %1
 Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pueden escribir archivos en esta carpeta:
+%1
+Elija otra carpeta.</translation>
     </message>
 </context>
 <context>
     <name>repairFinishDialog</name>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>¿Qué es un archivo de referencia?</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 </TS>

@@ -5,34 +5,34 @@
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
-        <translation type="unfinished"></translation>
+        <translation>サンプル動画を追加</translation>
     </message>
     <message>
         <source>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;Advance Repair&lt;/b&gt;&lt;/p&gt;&lt;p&gt;Use this option to repair severely damaged videos. &lt;/p&gt;&lt;p&gt;Click &amp;quot;Next&amp;quot; to add a &apos;sample video&apos; of the same format, shot using the same device.&lt;/p&gt;&lt;p&gt;The sample and the damaged video remain unchanged during repair process.&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</source>
-        <translation type="unfinished"></translation>
+        <translation>&lt;html&gt;&lt;body style=&quot;font-family:&apos;Calibri Light,sans-serif&apos;; font-size:10pt;&quot;&gt;&lt;p&gt;&lt;b&gt;高度な修復&lt;/b&gt;&lt;/p&gt;&lt;p&gt;重度に破損した動画を修復するには、このオプションを使用します。 &lt;/p&gt;&lt;p&gt;[次へ] をクリックして、同じデバイスで撮影した同じ形式の「サンプル動画」を追加します。&lt;/p&gt;&lt;p&gt;修復中も、サンプル動画と破損した動画は変更されません。&lt;/p&gt;&lt;/body&gt;&lt;/html&gt;</translation>
     </message>
     <message>
         <source>Next</source>
-        <translation type="unfinished"></translation>
+        <translation>次へ</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
     </message>
     <message>
         <source>Learn More</source>
-        <translation type="unfinished"></translation>
+        <translation>詳細情報</translation>
     </message>
 </context>
 <context>
     <name>CloseApplicationDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>はい</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>いいえ</translation>
     </message>
 </context>
 <context>
@@ -54,29 +54,31 @@
     <name>InsufficientDlg</name>
     <message>
         <source>Insufficient Space</source>
-        <translation type="unfinished"></translation>
+        <translation>空き容量不足</translation>
     </message>
     <message>
         <source>Insufficient space at selected destination.
 </source>
-        <translation type="unfinished"></translation>
+        <translation>選択した保存先の空き容量が不足しています。
+</translation>
     </message>
     <message>
         <source>Click &apos;Browse&apos; to change destination .
 </source>
-        <translation type="unfinished"></translation>
+        <translation>保存先を変更するには [参照] をクリックしてください。
+</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>参照</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -84,80 +86,81 @@
     <message>
         <source>Available Space: %1, Required Space: %2
 </source>
-        <translation type="unfinished"></translation>
+        <translation>空き容量: %1、必要な容量: %2
+</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>フォルダーの選択</translation>
     </message>
 </context>
 <context>
     <name>Languages</name>
     <message>
         <source>English</source>
-        <translation type="unfinished"></translation>
+        <translation>英語</translation>
     </message>
     <message>
         <source>German</source>
-        <translation type="unfinished"></translation>
+        <translation>ドイツ語</translation>
     </message>
     <message>
         <source>French</source>
-        <translation type="unfinished"></translation>
+        <translation>フランス語</translation>
     </message>
     <message>
         <source>Italian</source>
-        <translation type="unfinished"></translation>
+        <translation>イタリア語</translation>
     </message>
     <message>
         <source>Spanish</source>
-        <translation type="unfinished"></translation>
+        <translation>スペイン語</translation>
     </message>
     <message>
         <source>Japanese</source>
-        <translation type="unfinished"></translation>
+        <translation>日本語</translation>
     </message>
     <message>
         <source>Chinese</source>
-        <translation type="unfinished"></translation>
+        <translation>中国語</translation>
     </message>
     <message>
         <source>Korean</source>
-        <translation type="unfinished"></translation>
+        <translation>韓国語</translation>
     </message>
     <message>
         <source>Dutch</source>
-        <translation type="unfinished"></translation>
+        <translation>オランダ語</translation>
     </message>
     <message>
         <source>Portuguese Brazil</source>
-        <translation type="unfinished"></translation>
+        <translation>ポルトガル語 (ブラジル)</translation>
     </message>
     <message>
         <source>Hindi</source>
-        <translation type="unfinished"></translation>
+        <translation>ヒンディー語</translation>
     </message>
 </context>
 <context>
     <name>MessageDlg</name>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>Messages</name>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>終了</translation>
     </message>
     <message>
         <source>Halvern Videomend</source>
-        <translation type="unfinished"></translation>
+        <translation>Halvern Videomend</translation>
     </message>
     <message>
         <source>Halvern Videomend is already running.</source>
-        <translation type="unfinished"></translation>
+        <translation>Halvern Videomend は既に実行中です。</translation>
     </message>
 </context>
 <context>
@@ -243,84 +246,84 @@
     <name>QuestionDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>はい</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>いいえ</translation>
     </message>
 </context>
 <context>
     <name>ReferenceFileDlg</name>
     <message>
         <source>Choose Video</source>
-        <translation type="unfinished"></translation>
+        <translation>動画の選択</translation>
     </message>
     <message>
         <source>Add a sample video:</source>
-        <translation type="unfinished"></translation>
+        <translation>サンプル動画を追加:</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>参照</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>修復</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
     </message>
     <message>
         <source>Apply to all files of same format.</source>
-        <translation type="unfinished"></translation>
+        <translation>同じ形式のすべてのファイルに適用します。</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルを追加</translation>
     </message>
 </context>
 <context>
     <name>ReferenceRepairedDlg</name>
     <message>
         <source>Video file repaired successfully!</source>
-        <translation type="unfinished"></translation>
+        <translation>動画ファイルは正常に修復されました。</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
     <name>SaveDlgClass</name>
     <message>
         <source>Save Files</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルの保存</translation>
     </message>
     <message>
         <source>Save repaired file at source location.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルを元の場所に保存します。</translation>
     </message>
     <message>
         <source>Save file at custom location.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルを指定した場所に保存します。</translation>
     </message>
     <message>
         <source>Browse</source>
-        <translation type="unfinished"></translation>
+        <translation>参照</translation>
     </message>
     <message>
         <source>Save</source>
-        <translation type="unfinished"></translation>
+        <translation>保存</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>キャンセル</translation>
     </message>
     <message>
         <source>Select Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>フォルダーの選択</translation>
     </message>
 </context>
 <context>
@@ -342,417 +345,427 @@
     <name>Sizes</name>
     <message>
         <source>%1 bytes</source>
-        <translation type="unfinished"></translation>
+        <translation>%1 バイト</translation>
     </message>
 </context>
 <context>
     <name>StopDlg</name>
     <message>
         <source>Yes</source>
-        <translation type="unfinished"></translation>
+        <translation>はい</translation>
     </message>
     <message>
         <source>No</source>
-        <translation type="unfinished"></translation>
+        <translation>いいえ</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWin</name>
     <message>
         <source>Minimise</source>
-        <translation type="unfinished"></translation>
+        <translation>最小化</translation>
     </message>
     <message>
         <source>Close</source>
-        <translation type="unfinished"></translation>
+        <translation>閉じる</translation>
     </message>
     <message>
         <source>Menu</source>
-        <translation type="unfinished"></translation>
+        <translation>メニュー</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>言語</translation>
     </message>
     <message>
         <source>About</source>
-        <translation type="unfinished"></translation>
+        <translation>バージョン情報</translation>
     </message>
     <message>
         <source>Help</source>
-        <translation type="unfinished"></translation>
+        <translation>ヘルプ</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Add Your Corrupt Videos to Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>修復する破損した動画を追加してください</translation>
     </message>
     <message>
         <source>Add Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>動画を追加</translation>
     </message>
     <message>
         <source>Repair Your Videos</source>
-        <translation type="unfinished"></translation>
+        <translation>動画の修復</translation>
     </message>
     <message>
         <source>Click &apos;Repair&apos; button to fix corrupted videos. This may take a while depending on the number of videos and their size</source>
-        <translation type="unfinished"></translation>
+        <translation>[修復] ボタンをクリックすると、破損した動画を修復します。動画の数とサイズによっては時間がかかる場合があります</translation>
     </message>
     <message>
         <source>Select All</source>
-        <translation type="unfinished"></translation>
+        <translation>すべて選択</translation>
     </message>
     <message>
         <source>Add</source>
-        <translation type="unfinished"></translation>
+        <translation>追加</translation>
     </message>
     <message>
         <source>Remove</source>
-        <translation type="unfinished"></translation>
+        <translation>削除</translation>
     </message>
     <message>
         <source>Click here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここをクリック</translation>
     </message>
     <message>
         <source>Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>修復</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>戻る</translation>
     </message>
     <message>
         <source>Overall Progress</source>
-        <translation type="unfinished"></translation>
+        <translation>全体の進行状況</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>プレビュー</translation>
     </message>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>参照ファイルとは？</translation>
     </message>
     <message>
         <source>Save Repaired Files</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルを保存</translation>
     </message>
     <message>
         <source>Stop</source>
-        <translation type="unfinished"></translation>
+        <translation>停止</translation>
     </message>
 </context>
 <context>
     <name>VideoRepairWindow</name>
     <message>
         <source>Queued</source>
-        <translation type="unfinished"></translation>
+        <translation>待機中</translation>
     </message>
     <message>
         <source>Processing</source>
-        <translation type="unfinished"></translation>
+        <translation>処理中</translation>
     </message>
     <message>
         <source>Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>完了</translation>
     </message>
     <message>
         <source>Awaiting Action</source>
-        <translation type="unfinished"></translation>
+        <translation>操作が必要</translation>
     </message>
     <message>
         <source>Failed</source>
-        <translation type="unfinished"></translation>
+        <translation>失敗</translation>
     </message>
     <message>
         <source>Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>中止</translation>
     </message>
     <message>
         <source>Preview</source>
-        <translation type="unfinished"></translation>
+        <translation>プレビュー</translation>
     </message>
     <message>
         <source>Advance Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>高度な修復</translation>
     </message>
     <message>
         <source>FFmpeg Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>FFmpeg が見つかりません</translation>
     </message>
     <message>
         <source>FFmpeg is not installed, so damaged videos can be checked but not rebuilt.
 Install it with: sudo apt-get install ffmpeg</source>
-        <translation type="unfinished"></translation>
+        <translation>FFmpeg がインストールされていないため、破損した動画の確認はできますが、再構築はできません。
+インストール方法: sudo apt-get install ffmpeg</translation>
     </message>
     <message>
         <source> : Repairing file</source>
-        <translation type="unfinished"></translation>
+        <translation> : 修復中のファイル</translation>
     </message>
     <message>
         <source>of</source>
-        <translation type="unfinished"></translation>
+        <translation>/</translation>
     </message>
     <message>
         <source>Repairing </source>
-        <translation type="unfinished"></translation>
+        <translation>修復中: </translation>
     </message>
     <message>
         <source>Repair Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>修復完了</translation>
     </message>
     <message>
         <source>Repair process completed.
 Check &apos;Status&apos; column to view the repair outcome.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復処理が完了しました。
+修復結果は [状態] 列で確認できます。</translation>
     </message>
     <message>
         <source>Advance Repair Required</source>
-        <translation type="unfinished"></translation>
+        <translation>高度な修復が必要です</translation>
     </message>
     <message>
         <source>This video is severely damaged. Run advance repair option to repair it before saving.</source>
-        <translation type="unfinished"></translation>
+        <translation>この動画は重度に破損しています。保存する前に高度な修復を実行してください。</translation>
     </message>
     <message>
         <source>Process Aborted</source>
-        <translation type="unfinished"></translation>
+        <translation>処理を中止しました</translation>
     </message>
     <message>
         <source>Repair process was aborted. Go back to the previous screen to restart the repair process.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復処理は中止されました。修復をやり直すには、前の画面に戻ってください。</translation>
     </message>
     <message>
         <source>Severely Corrupted Video</source>
-        <translation type="unfinished"></translation>
+        <translation>重度に破損した動画</translation>
     </message>
     <message>
         <source>This video is severely corrupted and cannot be repaired.</source>
-        <translation type="unfinished"></translation>
+        <translation>この動画は重度に破損しているため、修復できません。</translation>
     </message>
     <message>
         <source>Stop Repair</source>
-        <translation type="unfinished"></translation>
+        <translation>修復の停止</translation>
     </message>
     <message>
         <source>This process will stop after processing the current file.</source>
-        <translation type="unfinished"></translation>
+        <translation>現在のファイルの処理が終わった後で停止します。</translation>
     </message>
     <message>
         <source>Do you want to stop the process?</source>
-        <translation type="unfinished"></translation>
+        <translation>処理を停止しますか？</translation>
     </message>
     <message>
         <source>Do you want to stop the current process?</source>
-        <translation type="unfinished"></translation>
+        <translation>現在の処理を停止しますか？</translation>
     </message>
     <message>
         <source>You can&apos;t resume the process from this point. All the changes will be discarded. </source>
-        <translation type="unfinished"></translation>
+        <translation>ここから処理を再開することはできません。すべての変更は破棄されます。 </translation>
     </message>
     <message>
         <source>This action will clear repair results.
 Do you want to go back to previous screen?</source>
-        <translation type="unfinished"></translation>
+        <translation>修復結果が消去されます。
+前の画面に戻りますか？</translation>
     </message>
     <message>
         <source>Back</source>
-        <translation type="unfinished"></translation>
+        <translation>戻る</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted video before leaving this page?</source>
-        <translation type="unfinished"></translation>
+        <translation>このページを離れる前に、重度に破損した動画に高度な修復を実行しますか？</translation>
     </message>
     <message>
         <source>Languages</source>
-        <translation type="unfinished"></translation>
+        <translation>言語</translation>
     </message>
     <message>
         <source>List of video files</source>
-        <translation type="unfinished"></translation>
+        <translation>動画ファイルの一覧</translation>
     </message>
     <message>
         <source> File Name</source>
-        <translation type="unfinished"></translation>
+        <translation> ファイル名</translation>
     </message>
     <message>
         <source> Path</source>
-        <translation type="unfinished"></translation>
+        <translation> パス</translation>
     </message>
     <message>
         <source> Size (MB)</source>
-        <translation type="unfinished"></translation>
+        <translation> サイズ (MB)</translation>
     </message>
     <message>
         <source> Modified Date</source>
-        <translation type="unfinished"></translation>
+        <translation> 更新日時</translation>
     </message>
     <message>
         <source> Created Date</source>
-        <translation type="unfinished"></translation>
+        <translation> 作成日時</translation>
     </message>
     <message>
         <source>  Path</source>
-        <translation type="unfinished"></translation>
+        <translation>  パス</translation>
     </message>
     <message>
         <source> Status</source>
-        <translation type="unfinished"></translation>
+        <translation> 状態</translation>
     </message>
     <message>
         <source> Action</source>
-        <translation type="unfinished"></translation>
+        <translation> 操作</translation>
     </message>
     <message>
         <source>Repaired files will be saved in %1.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルは %1 に保存されます。</translation>
     </message>
     <message>
         <source>Repaired files will be saved at the source file location.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルは元のファイルと同じ場所に保存されます。</translation>
     </message>
     <message>
         <source>To change location</source>
-        <translation type="unfinished"></translation>
+        <translation>保存先を変更するには</translation>
     </message>
     <message>
         <source>Repairing selected videos</source>
-        <translation type="unfinished"></translation>
+        <translation>選択した動画を修復しています</translation>
     </message>
     <message>
         <source>This may take a while, depending on the number of videos and their file size. Please wait while the process is completed.</source>
-        <translation type="unfinished"></translation>
+        <translation>動画の数とファイル サイズによっては時間がかかる場合があります。処理が完了するまでお待ちください。</translation>
     </message>
     <message>
         <source>Repair Process Completed</source>
-        <translation type="unfinished"></translation>
+        <translation>修復処理が完了しました</translation>
     </message>
     <message>
         <source>Click on the &apos;Save Repaired Files&apos; to save all your repaired videos. Click the &apos;Preview&apos; under Action column to preview repaired videos. </source>
-        <translation type="unfinished"></translation>
+        <translation>修復したすべての動画を保存するには [修復したファイルを保存] をクリックします。修復した動画をプレビューするには、[操作] 列の [プレビュー] をクリックします。 </translation>
     </message>
     <message>
         <source>Advance Repair Running</source>
-        <translation type="unfinished"></translation>
+        <translation>高度な修復を実行中</translation>
     </message>
     <message>
         <source>Please wait while the &apos;Advance Repair&apos; process is running.</source>
-        <translation type="unfinished"></translation>
+        <translation>高度な修復を実行しています。しばらくお待ちください。</translation>
     </message>
     <message>
         <source>Add File</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルを追加</translation>
     </message>
     <message>
         <source>Already added files</source>
-        <translation type="unfinished"></translation>
+        <translation>追加済みのファイル</translation>
     </message>
     <message>
         <source>Files already added to list will be skipped.</source>
-        <translation type="unfinished"></translation>
+        <translation>既に一覧にあるファイルはスキップされます。</translation>
     </message>
     <message>
         <source>Choose Location</source>
-        <translation type="unfinished"></translation>
+        <translation>保存先の選択</translation>
     </message>
     <message>
         <source>Exit</source>
-        <translation type="unfinished"></translation>
+        <translation>終了</translation>
     </message>
     <message>
         <source>Application Running! 
 Please halt the current process to Exit.</source>
-        <translation type="unfinished"></translation>
+        <translation>アプリケーションは実行中です。 
+終了するには、現在の処理を停止してください。</translation>
     </message>
     <message>
         <source>Do you want to run advance repair on the severely corrupted files before exiting?</source>
-        <translation type="unfinished"></translation>
+        <translation>終了する前に、重度に破損したファイルに高度な修復を実行しますか？</translation>
     </message>
     <message>
         <source>Are you sure you want to exit?</source>
-        <translation type="unfinished"></translation>
+        <translation>終了してもよろしいですか？</translation>
     </message>
     <message>
         <source>File Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルが見つかりません</translation>
     </message>
     <message>
         <source>The repaired file is no longer there:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルが見つかりません:
+%1</translation>
     </message>
     <message>
         <source>Player Not Found</source>
-        <translation type="unfinished"></translation>
+        <translation>プレーヤーが見つかりません</translation>
     </message>
     <message>
         <source>Preview needs MPlayer, which could not be started.
 Install it with: sudo apt-get install mplayer</source>
-        <translation type="unfinished"></translation>
+        <translation>プレビューには MPlayer が必要ですが、起動できませんでした。
+インストール方法: sudo apt-get install mplayer</translation>
     </message>
     <message>
         <source>Saving Complete</source>
-        <translation type="unfinished"></translation>
+        <translation>保存完了</translation>
     </message>
     <message>
         <source>Repaired files saved successfully.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルを保存しました。</translation>
     </message>
     <message>
         <source>Files Not Saved</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルを保存できませんでした</translation>
     </message>
     <message>
         <source>These files could not be saved:
 %1</source>
-        <translation type="unfinished"></translation>
+        <translation>次のファイルを保存できませんでした:
+%1</translation>
     </message>
     <message>
         <source>Wait while repaired files are being saved.</source>
-        <translation type="unfinished"></translation>
+        <translation>修復したファイルを保存しています。しばらくお待ちください。</translation>
     </message>
     <message>
         <source>No Files</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルがありません</translation>
     </message>
     <message>
         <source>No Files Selected.</source>
-        <translation type="unfinished"></translation>
+        <translation>ファイルが選択されていません。</translation>
     </message>
     <message>
         <source>Choose Another Folder</source>
-        <translation type="unfinished"></translation>
+        <translation>別のフォルダーを選択</translation>
     </message>
     <message>
         <source>This folder holds the program&apos;s work files and is removed at exit.
 Choose another folder to save the repaired files.</source>
-        <translation type="unfinished"></translation>
+        <translation>このフォルダーにはプログラムの作業ファイルが含まれ、終了時に削除されます。
+修復したファイルの保存先には別のフォルダーを選択してください。</translation>
     </message>
     <message>
         <source>Cannot Save Here</source>
-        <translation type="unfinished"></translation>
+        <translation>ここには保存できません</translation>
     </message>
     <message>
         <source>Files can&apos;t be written to this folder:
 %1
 Choose another folder.</source>
-        <translation type="unfinished"></translation>
+        <translation>このフォルダーにはファイルを書き込めません:
+%1
+別のフォルダーを選択してください。</translation>
     </message>
 </context>
 <context>
     <name>repairFinishDialog</name>
     <message>
         <source>What is a reference file?</source>
-        <translation type="unfinished"></translation>
+        <translation>参照ファイルとは？</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 </TS>
