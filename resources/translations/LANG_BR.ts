@@ -39,15 +39,15 @@
     <name>DownloadUpdate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualização de software</translation>
     </message>
     <message>
         <source>Downloading Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Baixando arquivos</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -167,79 +167,81 @@
     <name>QCheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualizar</translation>
     </message>
     <message>
         <source>No update available.</source>
-        <translation type="unfinished"></translation>
+        <translation>Nenhuma atualização disponível.</translation>
     </message>
 </context>
 <context>
     <name>QDownloadApp</name>
     <message>
         <source>no address of the update server is set</source>
-        <translation type="unfinished"></translation>
+        <translation>nenhum endereço do servidor de atualização foi definido</translation>
     </message>
     <message>
         <source>the folder %1 can&apos;t be used</source>
-        <translation type="unfinished"></translation>
+        <translation>a pasta %1 não pode ser usada</translation>
     </message>
     <message>
         <source>Unable to save the file </source>
-        <translation type="unfinished"></translation>
+        <translation>Não foi possível salvar o arquivo </translation>
     </message>
     <message>
         <source>Time Elapsed: </source>
-        <translation type="unfinished"></translation>
+        <translation>Tempo decorrido: </translation>
     </message>
     <message>
         <source> sec </source>
-        <translation type="unfinished"></translation>
+        <translation> s </translation>
     </message>
     <message>
         <source> MB copied) </source>
-        <translation type="unfinished"></translation>
+        <translation> MB copiados) </translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualizar</translation>
     </message>
     <message>
         <source>Update failed 
 
  Update failed due to partial download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Falha na atualização 
+
+ A atualização falhou porque o download está incompleto.</translation>
     </message>
     <message>
         <source>The installer could not be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Não foi possível iniciar o instalador.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation type="unfinished"></translation>
+        <translation> MB de  </translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation type="unfinished"></translation>
+        <translation>Taxa de transferência: </translation>
     </message>
     <message>
         <source> KB/sec </source>
-        <translation type="unfinished"></translation>
+        <translation> KB/s </translation>
     </message>
 </context>
 <context>
     <name>QShowUpdate</name>
     <message>
         <source>A new minor update </source>
-        <translation type="unfinished"></translation>
+        <translation>Uma nova atualização secundária </translation>
     </message>
     <message>
         <source> is available. Click Update to proceed further.</source>
-        <translation type="unfinished"></translation>
+        <translation> está disponível. Clique em Atualizar para continuar.</translation>
     </message>
     <message>
         <source>A new major release </source>
-        <translation type="unfinished"></translation>
+        <translation>Uma nova versão principal </translation>
     </message>
 </context>
 <context>
@@ -330,15 +332,15 @@
     <name>ShowUpdateAvail</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualização de software</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Atualizar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>

@@ -39,15 +39,15 @@
     <name>DownloadUpdate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>软件更新</translation>
     </message>
     <message>
         <source>Downloading Files</source>
-        <translation type="unfinished"></translation>
+        <translation>正在下载文件</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>确定</translation>
     </message>
 </context>
 <context>
@@ -167,79 +167,81 @@
     <name>QCheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>No update available.</source>
-        <translation type="unfinished"></translation>
+        <translation>没有可用的更新。</translation>
     </message>
 </context>
 <context>
     <name>QDownloadApp</name>
     <message>
         <source>no address of the update server is set</source>
-        <translation type="unfinished"></translation>
+        <translation>未设置更新服务器地址</translation>
     </message>
     <message>
         <source>the folder %1 can&apos;t be used</source>
-        <translation type="unfinished"></translation>
+        <translation>无法使用文件夹 %1</translation>
     </message>
     <message>
         <source>Unable to save the file </source>
-        <translation type="unfinished"></translation>
+        <translation>无法保存文件 </translation>
     </message>
     <message>
         <source>Time Elapsed: </source>
-        <translation type="unfinished"></translation>
+        <translation>已用时间: </translation>
     </message>
     <message>
         <source> sec </source>
-        <translation type="unfinished"></translation>
+        <translation> 秒 </translation>
     </message>
     <message>
         <source> MB copied) </source>
-        <translation type="unfinished"></translation>
+        <translation> MB 已复制) </translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Update failed 
 
  Update failed due to partial download.</source>
-        <translation type="unfinished"></translation>
+        <translation>更新失败 
+
+ 由于下载不完整，更新失败。</translation>
     </message>
     <message>
         <source>The installer could not be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>无法启动安装程序。</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation type="unfinished"></translation>
+        <translation> MB /  </translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation type="unfinished"></translation>
+        <translation>传输速率: </translation>
     </message>
     <message>
         <source> KB/sec </source>
-        <translation type="unfinished"></translation>
+        <translation> KB/秒 </translation>
     </message>
 </context>
 <context>
     <name>QShowUpdate</name>
     <message>
         <source>A new minor update </source>
-        <translation type="unfinished"></translation>
+        <translation>新的次要更新 </translation>
     </message>
     <message>
         <source> is available. Click Update to proceed further.</source>
-        <translation type="unfinished"></translation>
+        <translation> 已可用。单击“更新”继续。</translation>
     </message>
     <message>
         <source>A new major release </source>
-        <translation type="unfinished"></translation>
+        <translation>新的主要版本 </translation>
     </message>
 </context>
 <context>
@@ -330,15 +332,15 @@
     <name>ShowUpdateAvail</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>软件更新</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>更新</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>取消</translation>
     </message>
 </context>
 <context>

@@ -39,15 +39,15 @@
     <name>DownloadUpdate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Software-Update</translation>
     </message>
     <message>
         <source>Downloading Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Dateien werden heruntergeladen</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished">OK</translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -167,79 +167,81 @@
     <name>QCheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished">Aktualisieren</translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>No update available.</source>
-        <translation type="unfinished"></translation>
+        <translation>Kein Update verfügbar.</translation>
     </message>
 </context>
 <context>
     <name>QDownloadApp</name>
     <message>
         <source>no address of the update server is set</source>
-        <translation type="unfinished"></translation>
+        <translation>es ist keine Adresse des Update-Servers eingestellt</translation>
     </message>
     <message>
         <source>the folder %1 can&apos;t be used</source>
-        <translation type="unfinished"></translation>
+        <translation>der Ordner %1 kann nicht verwendet werden</translation>
     </message>
     <message>
         <source>Unable to save the file </source>
-        <translation type="unfinished"></translation>
+        <translation>Datei kann nicht gespeichert werden </translation>
     </message>
     <message>
         <source>Time Elapsed: </source>
-        <translation type="unfinished"></translation>
+        <translation>Verstrichene Zeit: </translation>
     </message>
     <message>
         <source> sec </source>
-        <translation type="unfinished"></translation>
+        <translation> s </translation>
     </message>
     <message>
         <source> MB copied) </source>
-        <translation type="unfinished"></translation>
+        <translation> MB kopiert) </translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished">Aktualisieren</translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Update failed 
 
  Update failed due to partial download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Update fehlgeschlagen 
+
+ Das Update ist fehlgeschlagen, weil der Download unvollständig ist.</translation>
     </message>
     <message>
         <source>The installer could not be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Das Installationsprogramm konnte nicht gestartet werden.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation type="unfinished"></translation>
+        <translation> MB von  </translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation type="unfinished"></translation>
+        <translation>Übertragungsrate: </translation>
     </message>
     <message>
         <source> KB/sec </source>
-        <translation type="unfinished"></translation>
+        <translation> KB/s </translation>
     </message>
 </context>
 <context>
     <name>QShowUpdate</name>
     <message>
         <source>A new minor update </source>
-        <translation type="unfinished"></translation>
+        <translation>Ein neues kleines Update </translation>
     </message>
     <message>
         <source> is available. Click Update to proceed further.</source>
-        <translation type="unfinished"></translation>
+        <translation> ist verfügbar. Klicken Sie auf „Aktualisieren“, um fortzufahren.</translation>
     </message>
     <message>
         <source>A new major release </source>
-        <translation type="unfinished"></translation>
+        <translation>Eine neue Hauptversion </translation>
     </message>
 </context>
 <context>
@@ -330,15 +332,15 @@
     <name>ShowUpdateAvail</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Software-Update</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished">Aktualisieren</translation>
+        <translation>Aktualisieren</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished">Abbrechen</translation>
+        <translation>Abbrechen</translation>
     </message>
 </context>
 <context>

@@ -39,15 +39,15 @@
     <name>DownloadUpdate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Software-update</translation>
     </message>
     <message>
         <source>Downloading Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Bestanden downloaden</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>OK</translation>
     </message>
 </context>
 <context>
@@ -167,79 +167,81 @@
     <name>QCheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Bijwerken</translation>
     </message>
     <message>
         <source>No update available.</source>
-        <translation type="unfinished"></translation>
+        <translation>Geen update beschikbaar.</translation>
     </message>
 </context>
 <context>
     <name>QDownloadApp</name>
     <message>
         <source>no address of the update server is set</source>
-        <translation type="unfinished"></translation>
+        <translation>er is geen adres van de updateserver ingesteld</translation>
     </message>
     <message>
         <source>the folder %1 can&apos;t be used</source>
-        <translation type="unfinished"></translation>
+        <translation>de map %1 kan niet worden gebruikt</translation>
     </message>
     <message>
         <source>Unable to save the file </source>
-        <translation type="unfinished"></translation>
+        <translation>Kan het bestand niet opslaan </translation>
     </message>
     <message>
         <source>Time Elapsed: </source>
-        <translation type="unfinished"></translation>
+        <translation>Verstreken tijd: </translation>
     </message>
     <message>
         <source> sec </source>
-        <translation type="unfinished"></translation>
+        <translation> s </translation>
     </message>
     <message>
         <source> MB copied) </source>
-        <translation type="unfinished"></translation>
+        <translation> MB gekopieerd) </translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Bijwerken</translation>
     </message>
     <message>
         <source>Update failed 
 
  Update failed due to partial download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Update mislukt 
+
+ De update is mislukt omdat de download onvolledig is.</translation>
     </message>
     <message>
         <source>The installer could not be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>Het installatieprogramma kon niet worden gestart.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation type="unfinished"></translation>
+        <translation> MB van  </translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation type="unfinished"></translation>
+        <translation>Overdrachtssnelheid: </translation>
     </message>
     <message>
         <source> KB/sec </source>
-        <translation type="unfinished"></translation>
+        <translation> KB/s </translation>
     </message>
 </context>
 <context>
     <name>QShowUpdate</name>
     <message>
         <source>A new minor update </source>
-        <translation type="unfinished"></translation>
+        <translation>Een nieuwe kleine update </translation>
     </message>
     <message>
         <source> is available. Click Update to proceed further.</source>
-        <translation type="unfinished"></translation>
+        <translation> is beschikbaar. Klik op Bijwerken om verder te gaan.</translation>
     </message>
     <message>
         <source>A new major release </source>
-        <translation type="unfinished"></translation>
+        <translation>Een nieuwe hoofdversie </translation>
     </message>
 </context>
 <context>
@@ -330,15 +332,15 @@
     <name>ShowUpdateAvail</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Software-update</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Bijwerken</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Annuleren</translation>
     </message>
 </context>
 <context>

@@ -39,15 +39,15 @@
     <name>DownloadUpdate</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualización de software</translation>
     </message>
     <message>
         <source>Downloading Files</source>
-        <translation type="unfinished"></translation>
+        <translation>Descargando archivos</translation>
     </message>
     <message>
         <source>OK</source>
-        <translation type="unfinished"></translation>
+        <translation>Aceptar</translation>
     </message>
 </context>
 <context>
@@ -167,79 +167,81 @@
     <name>QCheckUpdate</name>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualizar</translation>
     </message>
     <message>
         <source>No update available.</source>
-        <translation type="unfinished"></translation>
+        <translation>No hay actualizaciones disponibles.</translation>
     </message>
 </context>
 <context>
     <name>QDownloadApp</name>
     <message>
         <source>no address of the update server is set</source>
-        <translation type="unfinished"></translation>
+        <translation>no se ha definido la dirección del servidor de actualizaciones</translation>
     </message>
     <message>
         <source>the folder %1 can&apos;t be used</source>
-        <translation type="unfinished"></translation>
+        <translation>no se puede usar la carpeta %1</translation>
     </message>
     <message>
         <source>Unable to save the file </source>
-        <translation type="unfinished"></translation>
+        <translation>No se puede guardar el archivo </translation>
     </message>
     <message>
         <source>Time Elapsed: </source>
-        <translation type="unfinished"></translation>
+        <translation>Tiempo transcurrido: </translation>
     </message>
     <message>
         <source> sec </source>
-        <translation type="unfinished"></translation>
+        <translation> s </translation>
     </message>
     <message>
         <source> MB copied) </source>
-        <translation type="unfinished"></translation>
+        <translation> MB copiados) </translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualizar</translation>
     </message>
     <message>
         <source>Update failed 
 
  Update failed due to partial download.</source>
-        <translation type="unfinished"></translation>
+        <translation>Error en la actualización 
+
+ La actualización falló porque la descarga está incompleta.</translation>
     </message>
     <message>
         <source>The installer could not be started.</source>
-        <translation type="unfinished"></translation>
+        <translation>No se pudo iniciar el instalador.</translation>
     </message>
     <message>
         <source> MB of  </source>
-        <translation type="unfinished"></translation>
+        <translation> MB de  </translation>
     </message>
     <message>
         <source>Transfer Rate: </source>
-        <translation type="unfinished"></translation>
+        <translation>Velocidad de transferencia: </translation>
     </message>
     <message>
         <source> KB/sec </source>
-        <translation type="unfinished"></translation>
+        <translation> KB/s </translation>
     </message>
 </context>
 <context>
     <name>QShowUpdate</name>
     <message>
         <source>A new minor update </source>
-        <translation type="unfinished"></translation>
+        <translation>Una nueva actualización menor </translation>
     </message>
     <message>
         <source> is available. Click Update to proceed further.</source>
-        <translation type="unfinished"></translation>
+        <translation> está disponible. Haga clic en Actualizar para continuar.</translation>
     </message>
     <message>
         <source>A new major release </source>
-        <translation type="unfinished"></translation>
+        <translation>Una nueva versión principal </translation>
     </message>
 </context>
 <context>
@@ -330,15 +332,15 @@
     <name>ShowUpdateAvail</name>
     <message>
         <source>Software Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualización de software</translation>
     </message>
     <message>
         <source>Update</source>
-        <translation type="unfinished"></translation>
+        <translation>Actualizar</translation>
     </message>
     <message>
         <source>Cancel</source>
-        <translation type="unfinished"></translation>
+        <translation>Cancelar</translation>
     </message>
 </context>
 <context>
