@@ -450,9 +450,18 @@ void ThreadVideoRepair::RepairTsInMov(CarverArgs &args)
     s.bMuxedResult = true; // nothing for the rebuild either
     if (r.error)
         s.carve.fail(outcome::Why::WriteFailed, r.errorText);
-    if (s.bSampleRun) {
+    if (s.bSampleRun && r.synced) {
         // No muxer makes anything of empty streams: the file has no result.
         s.carve.fail(outcome::Why::NothingFound, QStringLiteral("no H.264 packets in the transport stream"));
+        return;
+    }
+    if (s.bSampleRun) {
+        // Not a transport stream at all: the sample's kind misled the run,
+        // and the file waits for a sample that fits.
+        s.carve.fail(outcome::Why::WrongSample, QStringLiteral("a transport stream as sample, none in the recording"));
+        s.bCarveFailed = true;
+        s.bMoovParsed = false;
+        Q_EMIT WriteStatus(false, hasVideo_Strh, strFileName, false);
         return;
     }
     // Without a sample nothing was written: the file waits for one.
