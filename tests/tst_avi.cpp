@@ -6,26 +6,15 @@
 #include "containers/Avi.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
-#include "support/Fixtures.h"
 #include "support/MediaCompare.h"
 
 #include <QBuffer>
-#include <QProcess>
-#include <QRandomGenerator>
-#include <QSet>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
 using namespace media;
-
-void writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    QCOMPARE(f.write(bytes), qint64(bytes.size()));
-}
 
 // A recording made once per kind and cached: ~10 s, or a 5 s sample of other
 // pictures and another tone.
@@ -42,17 +31,11 @@ const Kind kKinds[] = {
 
 QString make(const Kind &k, bool sample)
 {
-    const QString out = fixtures::dir() + "/" + (sample ? "sample_" : "") + k.name;
-    if (QFileInfo::exists(out) || fixtures::ffmpeg().isEmpty())
-        return QFileInfo::exists(out) ? out : QString();
     const QString src = sample ? "mandelbrot=size=320x240:rate=25" : "testsrc=size=320x240:rate=25";
     const QString tone = sample ? "sine=frequency=300:sample_rate=44100,volume=0.3" : "sine=frequency=880:sample_rate=44100";
-    QStringList args = {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i", src, "-f", "lavfi", "-i", tone,
-                        "-t", sample ? "5" : "10"};
-    args << QString(k.video).split(' ') << QString(k.audio).split(' ') << "-f" << "avi" << out + ".tmp";
-    int code = -1;
-    run(fixtures::ffmpeg(), args, &code);
-    return code == 0 && QFile::rename(out + ".tmp", out) ? out : QString();
+    QStringList args = {"-f", "lavfi", "-i", src, "-f", "lavfi", "-i", tone, "-t", sample ? "5" : "10"};
+    args << QString(k.video).split(' ') << QString(k.audio).split(' ') << "-f" << "avi";
+    return made(QString(sample ? "sample_" : "") + k.name, args);
 }
 
 // The damages, applied to a copy.
@@ -69,16 +52,6 @@ QByteArray damage(const QByteArray &d, const QString &how)
     else if (how == "zeros mid-file")
         b.replace(d.size() / 2, 256 * 1024, QByteArray(256 * 1024, '\0'));
     return b.left(d.size()); // zeros past the end would have grown it
-}
-
-// Seconds of sound that decode, as 8 kHz 16-bit mono.
-double soundSeconds(const QString &path)
-{
-    QProcess p;
-    p.start(fixtures::ffmpeg(), {"-v", "quiet", "-nostdin", "-i", path, "-map", "0:a:0", "-f", "s16le", "-ac", "1",
-                                 "-ar", "8000", "-"});
-    p.waitForFinished(300000);
-    return p.readAllStandardOutput().size() / 16000.0;
 }
 
 quint32 le32(const QByteArray &b, qint64 at)
@@ -135,7 +108,7 @@ private Q_SLOTS:
         QTemporaryDir tmp;
         const QString name = "clip." + QFileInfo(healthy).suffix().toUpper();
         const QString damaged = tmp.path() + "/" + name;
-        writeAll(damaged, damage(readAll(healthy), how));
+        QVERIFY(writeAll(damaged, damage(readAll(healthy), how)));
         const QByteArray before = fixtures::digest(damaged), sampleBefore = fixtures::digest(sample);
         QDir(tmp.path()).mkdir("out");
 
@@ -152,7 +125,7 @@ private Q_SLOTS:
         QVERIFY2(fault.isEmpty(), qPrintable(fault));
         const QStringList h = frameHashes(healthy), got = frameHashes(o.output);
         const QString copy = tmp.path() + "/copy.avi";
-        run(fixtures::ffmpeg(), {"-v", "quiet", "-nostdin", "-y", "-i", damaged, "-c", "copy", copy});
+        ffmpeg({"-i", damaged, "-c", "copy", copy});
         const QStringList base = frameHashes(copy);
         const int mine = identical(h, got), theirs = identical(h, base);
         qInfo("%s: %d of %d frames identical; ffmpeg's copy %d", QTest::currentDataTag(), mine, int(h.size()), theirs);
@@ -173,8 +146,7 @@ private Q_SLOTS:
         VM_FIXTURE(mp4, fixtures::healthy("h264_aac.mp4"));
         QTemporaryDir tmp;
         const QByteArray good = readAll(healthy);
-        QByteArray random(300000, '\0');
-        QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(random.data()), random.size() / 4);
+        const QByteArray random = noise(300000, 7);
         QByteArray hugeFormat = good, hugeChunk = good;
         const int strf = good.indexOf("strf");
         hugeFormat.replace(strf + 4, 4, QByteArray("\xF0\xFF\xFF\xFF", 4));
@@ -195,10 +167,10 @@ private Q_SLOTS:
             {"random sample", damage(good, "header zeroed"), "random.avi", "Awaiting Action"},
             {"mp4 sample", damage(good, "header zeroed"), mp4, "Awaiting Action"},
         };
-        writeAll(tmp.path() + "/random.avi", random);
+        QVERIFY(writeAll(tmp.path() + "/random.avi", random));
         for (const Case &c : cases) {
             const QString path = tmp.path() + "/Index.avi";
-            writeAll(path, c.bytes);
+            QVERIFY(writeAll(path, c.bytes));
             QDir(tmp.path()).mkpath("out");
             const QString sample = c.sample.startsWith('/') || c.sample.isEmpty() ? c.sample : tmp.path() + "/" + c.sample;
             const Outcome o = repair(path, tmp.path() + "/out", sample);
@@ -235,7 +207,7 @@ private Q_SLOTS:
         file += movi + QByteArray(tail, 'z');
         file += "01wb" + QByteArray("\x20\x00\x00\x00", 4) + QByteArray(32, 's');
         QTemporaryDir tmp;
-        writeAll(tmp.path() + "/f.avi", file);
+        QVERIFY(writeAll(tmp.path() + "/f.avi", file));
         BufferedReader r;
         QVERIFY(r.open(tmp.path() + "/f.avi"));
         QVERIFY(!avi::HasSoundChunks(r, r.size(), nullptr));
@@ -260,7 +232,7 @@ private Q_SLOTS:
         head += QByteArray(52, '\1') + "strf" + QByteArray("\x14\0\0\0", 4) + QByteArray(20, '\2') + "JUNK";
         head.prepend(QByteArray(100, 'p'));
         head += QByteArray(2000, 'q');
-        writeAll(tmp.path() + "/h.avi", head);
+        QVERIFY(writeAll(tmp.path() + "/h.avi", head));
         BufferedReader hr;
         QVERIFY(hr.open(tmp.path() + "/h.avi"));
         const avi::Headers h = avi::FindHeaders(hr, hr.size() * 10, false, nullptr, stop);

@@ -8,23 +8,15 @@
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 #include "repair/RepairState.h"
-#include "support/Fixtures.h"
 #include "support/MediaCompare.h"
 
 #include <QBuffer>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
 
 using namespace media;
-
-bool writeAll(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
-}
 
 // The bytes as a file in `tmp`, opened for the engine; null when that fails.
 std::unique_ptr<BufferedReader> reader(const QTemporaryDir &tmp, const QByteArray &bytes)
@@ -43,17 +35,13 @@ const char kNoise[] = ",noise=alls=20:allf=t"; // over 0xA00000 bytes at -qp 10
 // mandelbrot and another tone for the samples.
 QString make(const QString &name, bool sample, int seconds, bool big, const char *codec)
 {
-    const QString out = fixtures::dir() + "/" + name;
-    if (QFileInfo::exists(out) || fixtures::ffmpeg().isEmpty())
-        return QFileInfo::exists(out) ? out : QString();
     const QString pictures = QString(sample ? "mandelbrot" : big ? "testsrc2" : "testsrc") + "=size=320x240:rate=25";
     const QString tone = QString("sine=frequency=%1:sample_rate=48000").arg(sample ? 300 : 880);
-    QStringList args = {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i", pictures + (big ? kNoise : ""),
-                        "-f", "lavfi", "-i", tone, "-t", QString::number(seconds)};
+    QStringList args = {"-f", "lavfi", "-i", pictures + (big ? kNoise : ""), "-f", "lavfi", "-i", tone, "-t",
+                        QString::number(seconds)};
     args << QString(codec).split(' ') << (big ? QStringList{"-qp", "10"} : QStringList()) << "-write_crc32" << "0"
-         << "-f" << (name.endsWith("webm") ? "webm" : "matroska") << out + ".tmp";
-    run(fixtures::ffmpeg(), args);
-    return QFileInfo(out + ".tmp").size() > 0 && QFile::rename(out + ".tmp", out) ? out : QString();
+         << "-f" << (name.endsWith("webm") ? "webm" : "matroska");
+    return made(name, args);
 }
 
 int audioPackets(const QString &path)
@@ -192,7 +180,7 @@ private Q_SLOTS:
 
         const QStringList h = frameHashes(healthy), got = frameHashes(o.output);
         const QString copy = tmp.path() + "/copy" + ext;
-        run(fixtures::ffmpeg(), {"-v", "quiet", "-nostdin", "-y", "-i", damaged, "-c", "copy", copy});
+        ffmpeg({"-i", damaged, "-c", "copy", copy});
         const int mine = identical(h, got), theirs = identical(h, frameHashes(copy));
         const int sound = audioPackets(o.output), soundHealthy = audioPackets(healthy), soundBase = audioPackets(copy);
         qInfo("%s: way %d; video %d of %d frames, ffmpeg's copy %d; audio %d of %d packets, ffmpeg's copy %d",
@@ -219,7 +207,7 @@ private Q_SLOTS:
         VM_FIXTURE(webm, make("mkv_small.webm", false, 10, false, kVp9));
         QTemporaryDir tmp;
         const QString crc = tmp.path() + "/crc.webm";
-        run(fixtures::ffmpeg(), {"-v", "quiet", "-nostdin", "-i", webm, "-c", "copy", "-f", "matroska", crc});
+        ffmpeg({"-i", webm, "-c", "copy", "-f", "matroska", crc});
         QVERIFY(QDir(tmp.path()).mkdir("out"));
         QCOMPARE(repair(crc, tmp.path() + "/out").status, QString("Failed"));
         QCOMPARE(QDir(tmp.path() + "/out").entryList(QDir::Files), QStringList());
@@ -322,11 +310,9 @@ private Q_SLOTS:
     {
         VM_FIXTURE(healthy, make("mkv_small.mkv", false, 10, false, kH264));
         const QByteArray head = readAll(healthy).left(600);
-        QByteArray noise(600, '\0');
-        QRandomGenerator(11).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
         QTemporaryDir tmp;
         const std::atomic<bool> stop{false};
-        for (const QByteArray &src : {head, noise})
+        for (const QByteArray &src : {head, noise(600, 11)})
             for (int n : {0, 1, 4, 5, 43, 100, 300, 599, 600}) {
                 const auto r = reader(tmp, src.left(n));
                 QBuffer log, video, audio;
@@ -341,7 +327,7 @@ private Q_SLOTS:
                 if (id != mkv::kNotFound)
                     mkv::ParameterSets(*r, id);
             }
-        QVERIFY(writeAll(tmp.path() + "/noise.mkv", noise));
+        QVERIFY(writeAll(tmp.path() + "/noise.mkv", noise(600, 11)));
         QVERIFY(QDir(tmp.path()).mkdir("out"));
         QCOMPARE(repair(tmp.path() + "/noise.mkv", tmp.path() + "/out").status, QString("Awaiting Action"));
     }

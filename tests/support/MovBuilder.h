@@ -73,6 +73,11 @@ inline QByteArray videoTrak(const char *fourcc, quint16 w = 640, quint16 h = 360
     const QByteArray minf = atom("minf", atom("vmhd", zeros(12)) + stbl);
     return atom("trak", tkhd(w, h) + atom("mdia", mdhd(ts) + minf));
 }
+// A 320x240 video track around this sample table.
+inline QByteArray trakAround(const QByteArray &stbl)
+{
+    return atom("trak", tkhd(320, 240) + atom("mdia", mdhd(30000) + atom("minf", atom("vmhd", zeros(12)) + stbl)));
+}
 inline QByteArray soundTrak(const QByteArray &entry, quint32 ts = 48000, quint32 delta = 1024)
 {
     const QByteArray stbl = atom("stbl", stsd(entry) + stts(delta) + stsz(4, 371) + stblTail());
