@@ -6,47 +6,21 @@
 #include "containers/Asf.h"
 #include "containers/ContainerConstants.h"
 #include "repair/BufferedReader.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <QtTest>
 
 namespace {
+using namespace media;
 const std::atomic<bool> kGo{false};
-
-QByteArray readFile(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-bool writeFile(const QString &path, const QByteArray &data)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
-}
-
-QString run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.start(program, args);
-    p.waitForFinished(300000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
 
 // Made once in the fixture folder: ~10 s clips, 5 s samples of other content.
 QString clip(const QString &name, const QStringList &inputs, const QString &seconds)
 {
-    const QString path = fixtures::dir() + "/" + name;
-    if (QFileInfo(path).size() > 0 || fixtures::ffmpeg().isEmpty())
-        return QFileInfo(path).size() > 0 ? path : QString();
-    QStringList args = QStringList{"-v", "error", "-nostdin", "-y"} + inputs;
-    args << "-t" << seconds << "-c:v" << "wmv2" << "-c:a" << "wmav2" << path + ".part.asf";
-    run(fixtures::ffmpeg(), args);
-    return QFile::rename(path + ".part.asf", path) ? path : QString();
+    return made(name, inputs + QStringList{"-t", seconds, "-c:v", "wmv2", "-c:a", "wmav2", "-f", "asf"});
 }
 QString healthy(const QString &ext)
 {
@@ -57,25 +31,6 @@ QString sample(const QString &ext)
 {
     return clip("asf_sample." + ext, {"-f", "lavfi", "-i", "mandelbrot=size=320x240:rate=25", "-f", "lavfi", "-i",
                                       "sine=frequency=1000:sample_rate=44100,volume=0.3"}, "5");
-}
-
-// The decoded frames' digests, in order.
-QStringList frames(const QString &path)
-{
-    QStringList out;
-    const QString text = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v", "-f", "framemd5", "-"});
-    for (const QString &line : text.split('\n'))
-        if (!line.startsWith('#') && line.count(',') >= 5)
-            out << line.section(',', 5).trimmed();
-    return out;
-}
-// How many of `healthy`'s frames `got` holds.
-int identical(const QStringList &healthy, QStringList got)
-{
-    int n = 0;
-    for (const QString &h : healthy)
-        n += got.removeOne(h) ? 1 : 0;
-    return n;
 }
 
 qint64 find(const QByteArray &file, const asf::Guid &g)
@@ -107,31 +62,18 @@ QByteArray damage(QByteArray d, const QString &how)
     return d;
 }
 
-struct Repaired
-{
-    QString status, result;
-};
 // One CLI run in its own folder: neither the damaged file nor the sample
 // changes, and no "1_" file stays.
-Repaired repair(const QString &src, const QString &sampleFile)
+Outcome checkedRepair(const QString &src, const QString &sampleFile)
 {
     const QString work = QFileInfo(src).absolutePath() + "/work";
-    QDir().mkpath(work);
-    const QByteArray before = fixtures::digest(src);
-    const QByteArray sampleBefore = sampleFile.isEmpty() ? QByteArray() : fixtures::digest(sampleFile);
-    QStringList args{"repair", "--work", work};
-    if (!sampleFile.isEmpty())
-        args << "--sample" << sampleFile;
-    QProcess p;
-    p.start(VM_CLI_PATH, args << "--" << src);
-    if (!p.waitForFinished(120000) || p.exitStatus() != QProcess::NormalExit)
-        return {"crashed or hung", ""};
-    const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
-    if (fixtures::digest(src) != before || (!sampleFile.isEmpty() && fixtures::digest(sampleFile) != sampleBefore))
+    const QByteArray before = fixtures::digest(src) + fixtures::digest(sampleFile);
+    const Outcome o = repairIn(src, work, sampleFile);
+    if (fixtures::digest(src) + fixtures::digest(sampleFile) != before)
         return {"input changed", ""};
     if (!QDir(work + "/Repaired").entryList({"1_*"}, QDir::Files | QDir::Hidden).isEmpty())
         return {"1_ file left", ""};
-    return {line.value(0), line.value(2)};
+    return o;
 }
 } // namespace
 
@@ -172,11 +114,11 @@ private Q_SLOTS:
         VM_FIXTURE(smp, sample(ext));
         QTemporaryDir tmp;
         const QString src = tmp.path() + "/" + name;
-        QByteArray bytes = readFile(good);
+        QByteArray bytes = readAll(good);
         for (const QString &d : how.split('+'))
             bytes = damage(bytes, d);
-        QVERIFY(writeFile(src, bytes));
-        const Repaired r = repair(src, withSample ? smp : QString());
+        QVERIFY(writeAll(src, bytes));
+        const Outcome r = checkedRepair(src, withSample ? smp : QString());
         QCOMPARE(r.status, status);
         if (status != "Completed")
             return;
@@ -184,16 +126,16 @@ private Q_SLOTS:
         // header is gone, of the same damage with the header kept.
         const QString copy = tmp.path() + "/copy." + ext, kept = tmp.path() + "/kept." + ext;
         const bool header = how.startsWith("hdrzero");
-        QByteArray keptBytes = readFile(good);
+        QByteArray keptBytes = readAll(good);
         for (const QString &d : how.split('+'))
             keptBytes = d == "hdrzero" ? keptBytes : damage(keptBytes, d);
-        QVERIFY(writeFile(kept, keptBytes));
+        QVERIFY(writeAll(kept, keptBytes));
         for (const QString &from : {src, kept})
-            run("ffmpeg", {"-v", "error", "-nostdin", "-i", from, "-c", "copy", from == src ? copy : copy + ".kept." + ext});
-        const QStringList want = frames(good), got = frames(r.result);
-        const int same = identical(want, got), baseSame = identical(want, frames(copy));
-        const int keptSame = identical(want, frames(copy + ".kept." + ext));
-        const fixtures::Streams s = fixtures::probe(r.result), b = fixtures::probe(copy + ".kept." + ext);
+            ffmpeg({"-i", from, "-c", "copy", from == src ? copy : copy + ".kept." + ext});
+        const QStringList want = frameHashes(good), got = frameHashes(r.output);
+        const int same = identical(want, got), baseSame = identical(want, frameHashes(copy));
+        const int keptSame = identical(want, frameHashes(copy + ".kept." + ext));
+        const fixtures::Streams s = fixtures::probe(r.output), b = fixtures::probe(copy + ".kept." + ext);
         qInfo("%s %s: %d of %d frames identical, ffmpeg's copy %d (header kept: %d); sound %.2f s of %.2f",
               qPrintable(ext), qPrintable(how), same, want.size(), baseSame, keptSame, s.audioSeconds, b.audioSeconds);
         // A first run is ffmpeg's copy; a rebuilt one loses at most what the
@@ -209,8 +151,8 @@ private Q_SLOTS:
         VM_FIXTURE(good, healthy("asf"));
         VM_FIXTURE(smp, sample("asf"));
         QTemporaryDir tmp;
-        const QByteArray whole = damage(readFile(good), "hdrzero");
-        const qint64 first = dataObject(readFile(good)) + qint64(asf::kDataHeader);
+        const QByteArray whole = damage(readAll(good), "hdrzero");
+        const qint64 first = dataObject(readAll(good)) + qint64(asf::kDataHeader);
         BufferedReader sampleReader;
         QVERIFY(sampleReader.open(smp));
         const asf::Headers h = asf::ReadHeaders(sampleReader, kGo);
@@ -218,14 +160,14 @@ private Q_SLOTS:
         const qint64 packets = (whole.size() - first) / h.packetSize;
         for (const qint64 cutAt : {qint64(whole.size()), first + packets / 2 * h.packetSize}) {
             const QString src = tmp.path() + "/d.asf", out = tmp.path() + "/o.asf";
-            QVERIFY(writeFile(src, whole.left(int(cutAt))));
+            QVERIFY(writeAll(src, whole.left(int(cutAt))));
             BufferedReader damaged;
             QVERIFY(damaged.open(src));
             const asf::Rebuilt r = asf::WriteFresh(h, damaged, out, nullptr, kGo);
             QVERIFY(r.written);
             // A whole file ends in its index, so its last packet has no packet behind it.
             QCOMPARE(qint64(r.packets), cutAt == whole.size() ? packets - 1 : packets / 2);
-            const QByteArray o = readFile(out);
+            const QByteArray o = readAll(out);
             const qint64 data = dataObject(o);
             QCOMPARE(qFromLittleEndian<quint64>(o.constData() + asf::kHeaderSizeAt), quint64(data));
             QCOMPARE(qFromLittleEndian<quint64>(o.constData() + data + 16), quint64(o.size() - data));
@@ -240,10 +182,10 @@ private Q_SLOTS:
     {
         VM_FIXTURE(good, healthy("wmv"));
         QTemporaryDir tmp;
-        const QByteArray bytes = readFile(good);
+        const QByteArray bytes = readAll(good);
         for (const QString how : {"size2^62", "packet0", "packetFFFFFFFF", "random", "allzero", "empty"}) {
             const QString path = tmp.path() + "/" + how + ".wmv", out = tmp.path() + "/out.wmv";
-            QVERIFY(writeFile(path, damage(bytes, how)));
+            QVERIFY(writeAll(path, damage(bytes, how)));
             BufferedReader file;
             QVERIFY(file.open(path));
             const asf::Headers h = asf::ReadHeaders(file, kGo);
@@ -279,18 +221,18 @@ private Q_SLOTS:
         VM_FIXTURE(smp, sample("wmv"));
         VM_FIXTURE(mp4, fixtures::healthy("h264_aac.mp4"));
         const QString meta = fixtures::dir() + "/asf_comment.txt";
-        QVERIFY(writeFile(meta, ";FFMETADATA1\ncomment=" + QByteArray(1300000, 'x') + "\n"));
+        QVERIFY(writeAll(meta, ";FFMETADATA1\ncomment=" + QByteArray(1300000, 'x') + "\n"));
         VM_FIXTURE(big, clip("asf_bigheader.wmv", {"-f", "lavfi", "-i", "testsrc=size=320x240", "-f", "ffmetadata",
                                                    "-i", meta, "-map", "0", "-map_metadata", "1"}, "2"));
         VM_FIXTURE(sound, clip("asf_sound.asf", {"-f", "lavfi", "-i", "sine"}, "3"));
         QTemporaryDir tmp;
         const QString src = tmp.path() + "/" + (damaged == "sound" ? "sound.asf" : "clip.wmv");
         const QString from = damaged == "big" ? big : damaged == "sound" ? sound : good;
-        QVERIFY(writeFile(src, damage(readFile(from), damaged)));
+        QVERIFY(writeAll(src, damage(readAll(from), damaged)));
         QString sampleFile = sampleKind.isEmpty() ? QString() : sampleKind == "good" ? smp : tmp.path() + "/s.wmv";
         if (sampleKind != "good" && !sampleKind.isEmpty())
-            QVERIFY(writeFile(sampleFile, sampleKind == "mp4" ? readFile(mp4) : damage(readFile(smp), sampleKind)));
-        const Repaired r = repair(src, sampleFile);
+            QVERIFY(writeAll(sampleFile, sampleKind == "mp4" ? readAll(mp4) : damage(readAll(smp), sampleKind)));
+        const Outcome r = checkedRepair(src, sampleFile);
         QVERIFY2(QStringList({"Completed", "Awaiting Action", "Failed"}).contains(r.status), qPrintable(r.status));
         if (!status.isEmpty())
             QCOMPARE(r.status, status);
