@@ -5,33 +5,13 @@
 
 #include "containers/Flv.h"
 #include "repair/BufferedReader.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-QByteArray readFile(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-bool writeFile(const QString &path, const QByteArray &data)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly) && f.write(data) == data.size();
-}
-
-QByteArray run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.start(program, args);
-    p.waitForFinished(300000);
-    return p.readAllStandardOutput();
-}
+using namespace media;
 
 quint32 be(const QByteArray &b, int at, int n)
 {
@@ -45,15 +25,9 @@ quint32 be(const QByteArray &b, int at, int n)
 // leave most of it.
 QString healthyFlv()
 {
-    const QString path = fixtures::dir() + "/flv_h264_aac.flv";
-    if (QFileInfo(path).size() > 0 || fixtures::ffmpeg().isEmpty())
-        return QFileInfo(path).size() > 0 ? path : QString();
-    const QString part = path + ".part";
-    run(fixtures::ffmpeg(), {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i",
-                             "testsrc2=size=320x240:rate=25:duration=10", "-f", "lavfi", "-i",
-                             "sine=frequency=440:duration=10:sample_rate=44100", "-c:v", "libx264", "-g", "50",
-                             "-b:v", "1500k", "-c:a", "aac", "-f", "flv", part});
-    return QFile::rename(part, path) ? path : QString();
+    return made("flv_h264_aac.flv", {"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=25:duration=10", "-f", "lavfi", "-i",
+                                     "sine=frequency=440:duration=10:sample_rate=44100", "-c:v", "libx264", "-g", "50",
+                                     "-b:v", "1500k", "-c:a", "aac", "-f", "flv"});
 }
 
 // The tags of an FLV from its 13-byte head on: offset, type, first data byte.
@@ -78,37 +52,9 @@ QVector<Tag> tags(const QByteArray &b)
     return at == b.size() ? out : QVector<Tag>();
 }
 
-QStringList pictureSums(const QString &path)
-{
-    QStringList sums;
-    const QByteArray text = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v", "-f", "framemd5", "-"});
-    for (const QByteArray &line : text.split('\n'))
-        if (!line.startsWith('#') && line.contains(','))
-            sums << QString::fromLatin1(line.mid(line.lastIndexOf(',') + 1).trimmed());
-    return sums;
-}
-
-// Pictures of `got` that decode as one of the healthy file's do.
-int identical(const QStringList &got, QStringList healthy)
-{
-    int n = 0;
-    for (const QString &s : got)
-        n += healthy.removeOne(s) ? 1 : 0;
-    return n;
-}
-
-double soundSeconds(const QString &path)
-{
-    const QByteArray pcm = run("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:a", "-ac", "1", "-ar",
-                                          "8000", "-f", "s16le", "-"});
-    return pcm.size() / 16000.0;
-}
-
 QByteArray damage(const QByteArray &healthy, const QString &kind)
 {
     QByteArray b = healthy;
-    QByteArray noise(300000, '\0');
-    QRandomGenerator(11).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
     if (kind == "cut at 70%")
         b.truncate(b.size() * 7 / 10);
     else if (kind == "head zeroed") // the file head and its script tag
@@ -120,7 +66,7 @@ QByteArray damage(const QByteArray &healthy, const QString &kind)
     else if (kind == "under 15001 bytes")
         b.truncate(15000);
     else if (kind == "random")
-        b = noise;
+        b = noise(300000, 11);
     else if (kind == "zeros")
         b = QByteArray(300000, '\0');
     else if (kind == "empty")
@@ -162,38 +108,34 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, healthyFlv());
         QTemporaryDir tmp;
         const QString src = tmp.path() + "/clip.flv", work = tmp.path() + "/work";
-        QVERIFY(writeFile(src, damage(readFile(healthy), kind)) && QDir().mkpath(work));
+        QVERIFY(writeAll(src, damage(readAll(healthy), kind)));
         const QByteArray before = fixtures::digest(src);
-
-        QProcess p;
-        p.start(VM_CLI_PATH, {"repair", "--work", work, "--", src});
-        QVERIFY(p.waitForFinished(300000));
-        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+        const Outcome o = repairIn(src, work);
         QCOMPARE(fixtures::digest(src), before);
         const QString out = work + "/Repaired/clip.flv";
         const QStringList left =
             QDir(work + "/Repaired").entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
         if (!result) {
-            QCOMPARE(line.value(0), QString("Failed"));
+            QCOMPARE(o.status, QString("Failed"));
             QCOMPARE(left, QStringList());
             return;
         }
-        QCOMPARE(line.value(0), QString("Completed"));
-        QCOMPARE(line.value(2), out);
+        QCOMPARE(o.status, QString("Completed"));
+        QCOMPARE(o.output, out);
         QCOMPARE(left, QStringList{"clip.flv"});
 
         // Every trailing size matches its tag; the metadata's full form
         // where the old script tag survived.
-        const QByteArray bytes = readFile(out);
+        const QByteArray bytes = readAll(out);
         const QVector<Tag> list = tags(bytes);
         QVERIFY(!list.isEmpty());
         QCOMPARE(list.first().type, quint8(18));
         QCOMPARE(be(bytes, list.at(1).at - 4, 4), kind == "head zeroed" ? 0x48u : 0xDBu);
 
         const QString baseline = tmp.path() + "/baseline.flv";
-        run("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", src, "-c", "copy", baseline});
-        const QStringList want = pictureSums(healthy);
-        const int got = identical(pictureSums(out), want), copied = identical(pictureSums(baseline), want);
+        ffmpeg({"-i", src, "-c", "copy", baseline});
+        const QStringList want = frameHashes(healthy);
+        const int got = identical(want, frameHashes(out)), copied = identical(want, frameHashes(baseline));
         const double sound = soundSeconds(out), baseSound = soundSeconds(baseline);
         qInfo("%s: %d of %d pictures identical (ffmpeg's copy %d); sound %.2f s (ffmpeg's copy %.2f s, healthy %.2f s)",
               qPrintable(kind), got, int(want.size()), copied, sound, baseSound, soundSeconds(healthy));
@@ -221,8 +163,8 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, healthyFlv());
         QTemporaryDir tmp;
         const QString src = tmp.path() + "/clip.flv", out = tmp.path() + "/out.flv";
-        const QByteArray damaged = damage(readFile(healthy), kind);
-        QVERIFY(writeFile(src, damaged));
+        const QByteArray damaged = damage(readAll(healthy), kind);
+        QVERIFY(writeAll(src, damaged));
         BufferedReader reader;
         QFile log(tmp.path() + "/logFile.txt");
         QVERIFY(reader.open(src) && log.open(QIODevice::ReadWrite));
@@ -234,7 +176,7 @@ private Q_SLOTS:
             return;
         }
         QVERIFY(r.written);
-        const QByteArray bytes = readFile(out);
+        const QByteArray bytes = readAll(out);
         const QVector<Tag> list = tags(bytes);
         QVERIFY(list.size() > 2);
         if (kind == "head cut mid-GOP") {
@@ -247,7 +189,7 @@ private Q_SLOTS:
             // The short form, which ffmpeg reads: its duration in whole seconds.
             QVERIFY(!r.fullMeta);
             QCOMPARE(be(bytes, list.at(1).at - 4, 4), 0x48u);
-            const QByteArray d = run("ffprobe", {"-v", "error", "-show_entries", "format=duration", "-of",
+            const QString d = run("ffprobe", {"-v", "error", "-show_entries", "format=duration", "-of",
                                                  "csv=p=0", out});
             QCOMPARE(d.trimmed().toDouble(), 9.0);
         }
