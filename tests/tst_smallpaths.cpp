@@ -4,27 +4,13 @@
 // counted against what ffmpeg itself makes of the same bytes.
 
 #include "support/DiscFixtures.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
 namespace {
-QByteArray readFile(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-QString run(const QString &program, const QStringList &args)
-{
-    QProcess p;
-    p.start(program, args);
-    p.waitForFinished(300000);
-    return QString::fromUtf8(p.readAllStandardOutput());
-}
+using namespace media;
 
 // Container name and video packets.
 QPair<QString, int> probe(const QString &path)
@@ -44,7 +30,7 @@ int decodedFrames(const QString &path)
 int ffmpegsOwnCopy(const QString &path, const QString &dir)
 {
     const QString out = dir + "/reference.mkv";
-    run("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", path, "-map", "0", "-c", "copy", out});
+    ffmpeg({"-i", path, "-map", "0", "-c", "copy", out});
     return probe(out).second;
 }
 } // namespace
@@ -82,9 +68,8 @@ private Q_SLOTS:
         QFETCH(QString, format);
         VM_FIXTURE(vcd, fixtures::vcdStream());
         VM_FIXTURE(imkh, fixtures::imkhStream());
-        QByteArray data = readFile(bytes.contains("imkh") ? imkh : vcd);
-        QByteArray noise(300000, '\0');
-        QRandomGenerator(7).fillRange(reinterpret_cast<quint32 *>(noise.data()), noise.size() / 4);
+        QByteArray data = readAll(bytes.contains("imkh") ? imkh : vcd);
+        const QByteArray noise = media::noise(300000, 7);
         if (bytes == "disc")
             data = fixtures::cdxaImage(data);
         else if (bytes.startsWith("cut"))
@@ -96,31 +81,25 @@ private Q_SLOTS:
 
         QTemporaryDir tmp;
         const QString src = tmp.path() + "/" + name, work = tmp.path() + "/work";
-        QFile f(src);
-        QVERIFY(f.open(QIODevice::WriteOnly) && f.write(data) == data.size());
-        f.close();
-        QVERIFY(QDir().mkpath(work));
+        QVERIFY(writeAll(src, data));
         const QByteArray before = fixtures::digest(src);
         if (bytes == "disc") // the wrapper must be something ffmpeg reads
             QCOMPARE(decodedFrames(src), 150);
 
-        QProcess p;
-        p.start(VM_CLI_PATH, {"repair", "--work", work, "--", src});
-        QVERIFY(p.waitForFinished(300000));
-        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
+        const Outcome o = repairIn(src, work);
         QCOMPARE(fixtures::digest(src), before);
         const QStringList left =
             QDir(work + "/Repaired").entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
         if (result.isEmpty()) {
-            QCOMPARE(line.value(0), QString("Failed"));
-            QCOMPARE(line.value(2), QString("-"));
+            QCOMPARE(o.status, QString("Failed"));
+            QCOMPARE(o.output, QString());
             QCOMPARE(left, QStringList());
             return;
         }
-        QCOMPARE(line.value(0), QString("Completed"));
-        QCOMPARE(line.value(2), work + "/Repaired/" + result);
+        QCOMPARE(o.status, QString("Completed"));
+        QCOMPARE(o.output, work + "/Repaired/" + result);
         QCOMPARE(left, QStringList{result}); // no work file stays
-        const QPair<QString, int> got = probe(line.value(2));
+        const QPair<QString, int> got = probe(o.output);
         QVERIFY2(got.first.startsWith(format), qPrintable(got.first));
         // The whole stream: every picture; a cut one: what ffmpeg itself gets out of it.
         int want = 150;
