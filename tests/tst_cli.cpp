@@ -3,7 +3,7 @@
 // Ctrl-C, and the progress line.
 
 #include "cli/ProgressLine.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
 #include <QCryptographicHash>
 #include <QJsonArray>
@@ -76,18 +76,11 @@ class TestCli : public QObject
     QTemporaryDir m_dir;
 
 private Q_SLOTS:
-    void helpNamesEveryOption()
+    void usageAndVersion()
     {
-        const QList<QStringList> forms = {{"--help"}, {"-h"}, {"help"}, {"repair", "--help"}, {"inspect", "--help"}};
-        for (const QStringList &form : forms) {
-            const Result r = cli(form);
-            QCOMPARE(r.code, 0);
-            for (const char *o : {"--sample", "--out", "--work", "--keep-work-files", "--json", "--quiet", "--verbose",
-                                  "--damaged", "--version", "130"})
-                QVERIFY2(r.out.contains(o), qPrintable(form.join(' ') + " lacks " + o));
-        }
         for (const char *v : {"--version", "-V"})
             QVERIFY(QRegularExpression("^videomend-cli \\d+\\.\\d+").match(cli({v}).out).hasMatch());
+        QCOMPARE(cli({"repair", "--help"}).code, 0);
     }
 
     void usageErrorsExitTwo()
@@ -118,9 +111,6 @@ private Q_SLOTS:
         QCOMPARE(kv["FrameHeight"], QString("240"));
         QCOMPARE(kv["TimeScaleSound"], QString("48000"));
         QCOMPARE(kv["bSampleHasAudio"], QString("1"));
-        for (const char *key : {"nTimeScaleVideo", "nSoundSampleRate", "nVideoDelta", "nSoundDelta",
-                                "nSoundFrameSize", "bHasCtts"})
-            QVERIFY2(kv.contains(key), key);
 
         VM_FIXTURE(noMoov, fixtures::moovRemoved(fixtures::healthy("h264_aac.mp4")));
         r = cli({"inspect", "--damaged", noMoov});
@@ -188,11 +178,8 @@ private Q_SLOTS:
         QCOMPARE(QString::fromUtf8(p.readAllStandardOutput()), QString("Awaiting Action\t-y.mp4\t-\n"));
         QCOMPARE(digest(m_dir.filePath("-y.mp4")), before);
         // Nothing appeared beside the sources but the work folder.
-        QStringList left = QDir(m_dir.path()).entryList(QDir::Files | QDir::NoDotAndDotDot);
-        left.sort();
-        QStringList expected = names;
-        expected << "sample.mp4";
-        expected.sort();
+        QStringList left = QDir(m_dir.path()).entryList(QDir::Files | QDir::NoDotAndDotDot), expected = names + QStringList{"sample.mp4"};
+        left.sort(), expected.sort();
         QCOMPARE(left, expected);
     }
 
@@ -206,10 +193,7 @@ private Q_SLOTS:
         QTemporaryDir src, out, tmp;
         QVERIFY(QFile::copy(damaged, src.filePath("damaged.mp4")) && QFile::copy(healthy, src.filePath("healthy.mov")));
         QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
-        QFile notes(src.filePath("notes.txt")), hidden(src.filePath(".hidden"));
-        QVERIFY(notes.open(QIODevice::WriteOnly) && notes.write("not a video\n") > 0);
-        QVERIFY(hidden.open(QIODevice::WriteOnly) && hidden.write("other\n") > 0);
-        notes.close(), hidden.close();
+        QVERIFY(media::writeAll(src.filePath("notes.txt"), "not a video\n") && media::writeAll(src.filePath(".hidden"), "other\n"));
         const QStringList before = listing(src.path());
         Result r = cli({"repair", "--sample", "sample.mp4", "--out", out.path(), "damaged.mp4", "healthy.mov",
                         "./damaged.mp4", "notes.txt"},
@@ -244,9 +228,7 @@ private Q_SLOTS:
         QTemporaryDir src, out, work, tmp;
         QVERIFY(QFile::copy(damaged, src.filePath("long.mp4")));
         QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
-        QFile hidden(src.filePath(".hidden"));
-        QVERIFY(hidden.open(QIODevice::WriteOnly) && hidden.write("other\n") > 0);
-        hidden.close();
+        QVERIFY(media::writeAll(src.filePath(".hidden"), "other\n"));
         const QStringList before = listing(src.path());
         QStringList args = {"repair", "--verbose", "--sample", "sample.mp4", "long.mp4"};
         if (elsewhere)
