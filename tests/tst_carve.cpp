@@ -10,6 +10,7 @@
 #include "mux/MuxStages.h"
 #include "repair/ThreadVideoRepair.h"
 #include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 #include "support/MovBuilder.h"
 
 #include <QCryptographicHash>
@@ -25,6 +26,8 @@ using fixtures::digest;
 using fixtures::probe;
 
 namespace {
+using namespace media;
+
 // Frames the decoder gets out of the video, and whether it complained.
 int decodedFrames(const QString &path, QString *errors)
 {
@@ -56,17 +59,10 @@ int intactVideo(const QString &healthy, quint64 from, quint64 to, quint64 end)
 void insertIntoMdat(QByteArray &file, int at, const QByteArray &bytes)
 {
     const int mdat = file.indexOf("mdat") - 4;
-    const quint32 size = quint32(quint8(file[mdat])) << 24 | quint32(quint8(file[mdat + 1])) << 16
-                         | quint32(quint8(file[mdat + 2])) << 8 | quint8(file[mdat + 3]);
+    const quint32 size = qFromBigEndian<quint32>(file.constData() + mdat);
     file.insert(at, bytes);
     file.replace(mdat, 4, mov::be32(size + quint32(bytes.size())));
 }
-
-struct Cli
-{
-    int code = -1;
-    QString status, output;
-};
 
 // The carve alone: the chain's stages one after the other, on a state of
 // their own, into `location`/Repaired. No thread, no ffmpeg.
@@ -93,12 +89,6 @@ void carveOnly(const QString &file, const QString &sample, const QString &locati
     QCOMPARE(carve::SplitStreams(learned.next, a, env).outcome, carve::Split::Muxable);
 }
 
-QByteArray readFile(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
 // The units of a stream with start codes, and the frames of an ADTS stream.
 QList<QByteArray> unitsOf(const QByteArray &d)
 {
@@ -123,17 +113,14 @@ QList<QByteArray> adtsFrames(const QByteArray &d)
     return out;
 }
 
-Cli repair(const QString &file, const QString &sample, const QString &work)
+Outcome cliRepair(const QString &file, const QString &sample, const QString &work, const QStringList &extra = {})
 {
-    QProcess p;
-    QStringList args{"repair", "--work", work};
-    if (!sample.isEmpty())
-        args << "--sample" << sample;
-    args << "--" << file;
-    p.start(VM_CLI_PATH, args);
-    p.waitForFinished(300000);
-    const QStringList f = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
-    return {p.exitCode(), f.value(0), f.value(2)};
+    return repairIn(file, work, sample, extra);
+}
+// A work file of the carve.
+QByteArray workFile(const QString &work, const char *name)
+{
+    return readAll(work + "/Repaired/" + QString(name).mid(1));
 }
 } // namespace
 
@@ -207,9 +194,7 @@ private Q_SLOTS:
         auto run = [&](const QByteArray &in) {
             mov::write(a.strVideoHeads, in);
             t.WriteUniqueSequences(true, a);
-            QFile f(a.strVideoUnique);
-            f.open(QIODevice::ReadOnly);
-            return f.readAll();
+            return readAll(a.strVideoUnique);
         };
         QByteArray many;
         for (quint32 i = 0; i < 10001; ++i)
@@ -257,12 +242,12 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
         QTemporaryDir work;
-        const Cli r = repair(healthy, QString(), work.path());
+        const Outcome r = cliRepair(healthy, QString(), work.path());
         QCOMPARE(r.status, QString("Completed"));
         const fixtures::Streams p = probe(r.output), h = probe(healthy);
         QCOMPARE(p.video, h.video);
         QCOMPARE(p.audio, h.audio);
-        QCOMPARE(repair(noMoov, QString(), work.path()).status, QString("Awaiting Action"));
+        QCOMPARE(cliRepair(noMoov, QString(), work.path()).status, QString("Awaiting Action"));
     }
 
     void sampleRunsRepair_data()
@@ -348,8 +333,8 @@ private Q_SLOTS:
         QVERIFY(!damaged.isEmpty());
         const QByteArray before = digest(damaged), sampleBefore = digest(samplePath);
         QTemporaryDir work;
-        QCOMPARE(repair(damaged, QString(), work.path()).status, QString("Awaiting Action"));
-        const Cli r = repair(damaged, samplePath, work.path());
+        QCOMPARE(cliRepair(damaged, QString(), work.path()).status, QString("Awaiting Action"));
+        const Outcome r = cliRepair(damaged, samplePath, work.path());
         QCOMPARE(r.status, QString("Completed"));
         const fixtures::Streams p = probe(r.output);
         const int intact = intactVideo(healthy, from, to, end);
@@ -397,16 +382,10 @@ private Q_SLOTS:
         const QString sample = camera ? fixtures::cameraLayout(plainSample) : plainSample;
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
         QTemporaryDir work;
-        QProcess p;
-        p.start(VM_CLI_PATH, {"repair", "--keep-work-files", "--work", work.path(), "--sample", sample, noMoov});
-        QVERIFY(p.waitForFinished(300000));
-        const QString ref = work.filePath("ref.aac");
-        QProcess f;
-        f.start("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", healthy, "-c:a", "copy", "-f", "adts", ref});
-        QVERIFY(f.waitForFinished(60000));
-        auto frames = [](const QString &path) { return adtsFrames(readFile(path)); };
-        const QList<QByteArray> carved = frames(work.filePath("Repaired/" + QString(workfiles::kAudioAac).mid(1)));
-        const QList<QByteArray> reference = frames(ref);
+        cliRepair(noMoov, sample, work.path(), {"--keep-work-files"});
+        QByteArray ref;
+        QVERIFY(ffmpeg({"-i", healthy, "-c:a", "copy", "-f", "adts", "-"}, &ref));
+        const QList<QByteArray> carved = adtsFrames(workFile(work.path(), workfiles::kAudioAac)), reference = adtsFrames(ref);
         QVERIFY(!reference.isEmpty());
         int same = 0;
         for (const QByteArray &c : carved)
@@ -423,16 +402,14 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, fixtures::healthy("carve_silent.mov"));
         VM_FIXTURE(sample, fixtures::healthy("carve_silent_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QFile in(noMoov);
-        QVERIFY(in.open(QIODevice::ReadOnly));
-        QByteArray d = in.readAll();
+        QByteArray d = readAll(noMoov);
         const int mdat = d.indexOf("mdat") + 4;
         QVERIFY(mdat > 8);
         insertIntoMdat(d, mdat, QByteArray(600, '\xff') + QByteArray(40 << 10, '\0'));
         QTemporaryDir work;
         const QString path = work.filePath("filled.mov");
         QVERIFY(mov::write(path, d));
-        const Cli r = repair(path, sample, work.path());
+        const Outcome r = cliRepair(path, sample, work.path());
         QCOMPARE(r.status, QString("Completed"));
         QCOMPARE(probe(r.output).video, probe(healthy).video);
     }
@@ -445,9 +422,7 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QFile in(noMoov);
-        QVERIFY(in.open(QIODevice::ReadOnly));
-        const QByteArray clip = in.readAll();
+        const QByteArray clip = readAll(noMoov);
         // Before the 60th video packet of the healthy file (positions agree:
         // the moov was at the end).
         const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
@@ -467,11 +442,8 @@ private Q_SLOTS:
             QTemporaryDir work;
             const QString path = work.filePath("big.mov");
             QVERIFY(mov::write(path, d));
-            QProcess run;
-            run.start(VM_CLI_PATH, {"repair", "--keep-work-files", "--work", work.path(), "--sample", sample, path});
-            QVERIFY(run.waitForFinished(300000));
-            QVERIFY(run.readAllStandardOutput().startsWith("Completed"));
-            const qint64 stream = QFileInfo(work.filePath("Repaired/" + QString(workfiles::kVideoH264).mid(1))).size();
+            QCOMPARE(cliRepair(path, sample, work.path(), {"--keep-work-files"}).status, QString("Completed"));
+            const qint64 stream = workFile(work.path(), workfiles::kVideoH264).size();
             const fixtures::Streams r = probe(work.filePath("Repaired/big.mov"));
             qInfo() << "unit of" << len << "bytes: video stream" << stream << "bytes," << r.video << "packets";
             if (len < (1u << 24)) {
@@ -511,15 +483,12 @@ private Q_SLOTS:
         for (int learn : {0, 1}) {
             const QString at = work.filePath(QString::number(learn));
             carveOnly(noMoov, samplePath, at, learn);
-            units[learn] = unitsOf(readFile(at + "/Repaired/" + QString(workfiles::kVideoH264).mid(1)));
-            frames[learn] = adtsFrames(readFile(at + "/Repaired/" + QString(workfiles::kAudioAac).mid(1)));
+            units[learn] = unitsOf(workFile(at, workfiles::kVideoH264));
+            frames[learn] = adtsFrames(workFile(at, workfiles::kAudioAac));
         }
-        QProcess ff;
         const QString annexB = work.filePath("ref.h264"), adts = work.filePath("ref.aac");
-        ff.start("ffmpeg", {"-v", "error", "-nostdin", "-y", "-i", healthy, "-c", "copy", "-map", "0:v", "-bsf:v",
-                            "h264_mp4toannexb", annexB, "-map", "0:a", adts});
-        QVERIFY(ff.waitForFinished(60000) && ff.exitCode() == 0);
-        const QList<QByteArray> refUnits = unitsOf(readFile(annexB)), refFrames = adtsFrames(readFile(adts));
+        QVERIFY(ffmpeg({"-i", healthy, "-c", "copy", "-map", "0:v", "-bsf:v", "h264_mp4toannexb", annexB, "-map", "0:a", adts}));
+        const QList<QByteArray> refUnits = unitsOf(readAll(annexB)), refFrames = adtsFrames(readAll(adts));
         const QSet<QByteArray> realUnits(refUnits.begin(), refUnits.end()), realFrames(refFrames.begin(), refFrames.end());
         const QSet<QByteArray> withUnits(units[1].begin(), units[1].end()), withFrames(frames[1].begin(), frames[1].end());
         int lostUnits = 0, lostFrames = 0;
@@ -553,7 +522,7 @@ private Q_SLOTS:
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QByteArray d = readFile(noMoov);
+        QByteArray d = readAll(noMoov);
         const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
         QVERIFY(video.size() > 60);
         const int at = int(video.at(60).pos);
@@ -567,7 +536,7 @@ private Q_SLOTS:
         const QString path = work.filePath("tagged.mov");
         QVERIFY(mov::write(path, d));
         carveOnly(path, sample, work.path());
-        const int units = unitsOf(readFile(work.filePath("Repaired/" + QString(workfiles::kVideoH264).mid(1)))).size();
+        const int units = unitsOf(workFile(work.path(), workfiles::kVideoH264)).size();
         QVERIFY2(units >= video.size(), qPrintable(QString::number(units)));
     }
 
@@ -585,9 +554,7 @@ private Q_SLOTS:
             VM_FIXTURE(healthy, fixtures::healthy(name));
             VM_FIXTURE(sample, fixtures::healthy(name.section('.', 0, 0) + "_sample." + name.section('.', 1)));
             VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-            QFile in(noMoov);
-            QVERIFY(in.open(QIODevice::ReadOnly));
-            clips << in.readAll();
+            clips << readAll(noMoov);
             samples << sample;
         }
         QRandomGenerator rng(2024);
@@ -678,22 +645,18 @@ private Q_SLOTS:
         VM_FIXTURE(hevc, fixtures::healthy("carve_hevc_sample.mov"));
         QTemporaryDir work;
         // An HEVC sample names a chain that isn't built: the file keeps waiting.
-        QCOMPARE(repair(noMoov, hevc, work.path()).status, QString("Awaiting Action"));
+        QCOMPARE(cliRepair(noMoov, hevc, work.path()).status, QString("Awaiting Action"));
         // A sample of another frame size: its parameter sets don't fit the
         // frames, but the run still ends with a verdict and a playable file.
         VM_FIXTURE(wide, fixtures::healthy("carve_wide_sample.mov"));
-        const Cli w = repair(noMoov, wide, work.path());
+        const Outcome w = cliRepair(noMoov, wide, work.path());
         QVERIFY(w.status == "Completed" || w.status == "Failed");
         // Random bytes as a sample: nothing to learn, no result.
         const QString noise = work.filePath("noise.mov");
-        QByteArray bytes(300000, '\0');
-        QRandomGenerator rng(3);
-        for (int i = 0; i < bytes.size(); ++i)
-            bytes[i] = char(rng.bounded(256));
-        mov::write(noise, bytes);
-        QCOMPARE(repair(noMoov, noise, work.path()).status, QString("Awaiting Action"));
+        mov::write(noise, media::noise(300000, 3));
+        QCOMPARE(cliRepair(noMoov, noise, work.path()).status, QString("Awaiting Action"));
         // A damaged file of random bytes with a good sample: ends, and says it failed.
-        const Cli r = repair(noise, fixtures::healthy("carve_aac48_sample.mov"), work.path());
+        const Outcome r = cliRepair(noise, fixtures::healthy("carve_aac48_sample.mov"), work.path());
         QVERIFY(r.status == "Failed" || r.status == "Awaiting Action");
     }
 
@@ -715,9 +678,8 @@ private Q_SLOTS:
                                                      + QByteArray("\x68\xee", 2));
             const QByteArray entryAtom = atom("avc1", zeros(6) + be16(1) + zeros(70) + avcC);
             const QByteArray stbl = atom("stbl", stsd(entryAtom) + stts(1001) + atom("stsz", zeros(4) + be32(0) + be32(1) + be32(20)) + tbl);
-            const QByteArray trak = atom("trak", tkhd(320, 240) + atom("mdia", mdhd(30000) + atom("minf", atom("vmhd", zeros(12)) + stbl)));
             const QString path = d.filePath(QString(table) + (zeroLength ? "z.mov" : ".mov"));
-            write(path, ftyp() + mdat + moov({trak}));
+            write(path, ftyp() + mdat + moov({trakAround(stbl)}));
             return path;
         };
         RepairState s;
@@ -731,9 +693,7 @@ private Q_SLOTS:
             a.strSource = sample;
             carve::HarvestH264Sample(carve::H264CarverRow(12), a, env);
             a.fpVideo.reset();
-            QFile f(workfiles::PathIn(d.path(), workfiles::kVideoHeads));
-            f.open(QIODevice::ReadOnly);
-            return f.readAll();
+            return readAll(workfiles::PathIn(d.path(), workfiles::kVideoHeads));
         };
         QCOMPARE(harvest(sampleWith("stco", false)), QByteArray());
         // co64: the first unit counts twice, then each unit of the chain.
@@ -744,9 +704,7 @@ private Q_SLOTS:
         // A zero length ends the walk of the chunk.
         QVERIFY(!harvest(sampleWith("co64", true)).contains(QByteArray("\x41\x9a\x02", 3)));
         // The head of the video stream: start code, SPS, start code, PPS.
-        QFile v(workfiles::PathIn(d.path(), workfiles::kVideoH264));
-        QVERIFY(v.open(QIODevice::ReadOnly));
-        QCOMPARE(v.readAll(), QByteArray("\0\0\0\1\x67\x64\x00\x1f\0\0\0\1\x68\xee", 14));
+        QCOMPARE(readAll(workfiles::PathIn(d.path(), workfiles::kVideoH264)), QByteArray("\0\0\0\1\x67\x64\x00\x1f\0\0\0\1\x68\xee", 14));
     }
 };
 
