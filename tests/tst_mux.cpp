@@ -4,10 +4,8 @@
 #include "carve/video/WorkFiles.h"
 #include "mux/MuxStages.h"
 #include "repair/ThreadVideoRepair.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -210,14 +208,7 @@ private Q_SLOTS:
         using namespace workfiles;
         CarverArgs a = prepare("es.h264", kVideoH264, QString(), kAudioAac);
         a.strAudio = workfiles::Path(kAudioAac);
-        QByteArray noise(20000, '\0');
-        QRandomGenerator rng(5);
-        for (int i = 0; i < noise.size(); ++i)
-            noise[i] = char(rng.bounded(256));
-        QFile f(a.strAudio);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(noise);
-        f.close();
+        QVERIFY(media::writeAll(a.strAudio, media::noise(20000, 5)));
         // An unusual sample rate (24 per second) would also write "1_clip.mov";
         // with the sound refused that half is removed as well.
         pApp.nSampleFrames = 48;
@@ -244,10 +235,7 @@ private Q_SLOTS:
 
         // 30 per second: only the one result. An old result is replaced, not kept.
         a = prepare("es.h264", kVideoH264, "es.aac", kAudioAac);
-        QFile old(out("clip.mov"));
-        QVERIFY(old.open(QIODevice::WriteOnly));
-        old.write("stale");
-        old.close();
+        QVERIFY(media::writeAll(out("clip.mov"), "stale"));
         pApp.nSampleFrames = 60;
         t.MuxH264Aac(a);
         QCOMPARE(probe(out("clip.mov")).video, kFrames);
