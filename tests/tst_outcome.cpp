@@ -8,11 +8,9 @@
 #include "repair/BufferedReader.h"
 #include "repair/Outcome.h"
 #include "repair/ThreadVideoRepair.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 #include "support/MovBuilder.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -22,11 +20,9 @@ namespace {
 // Each decoded picture's presentation time and checksum.
 QStringList pictures(const QString &path)
 {
-    QProcess p;
-    p.start("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"});
-    p.waitForFinished(120000);
     QStringList out;
-    for (const QString &l : QString::fromUtf8(p.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts))
+    for (const QString &l : media::run(fixtures::ffmpeg(), {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"})
+                                .split('\n', Qt::SkipEmptyParts))
         if (!l.startsWith('#'))
             out << l.section(',', 2, 2).trimmed() + ' ' + l.section(',', 5).trimmed();
     return out;
@@ -34,11 +30,7 @@ QStringList pictures(const QString &path)
 
 QString randomFile(const QString &path, int bytes)
 {
-    QByteArray b(bytes, '\0');
-    QRandomGenerator rng(11);
-    for (char &c : b)
-        c = char(rng.bounded(256));
-    return mov::write(path, b) ? path : QString();
+    return mov::write(path, media::noise(bytes, 11)) ? path : QString();
 }
 } // namespace
 
@@ -71,17 +63,14 @@ private Q_SLOTS:
         VM_FIXTURE(sample, laidOut(fixtures::healthy(name + "_sample.mov")));
         VM_FIXTURE(damaged, fixtures::moovRemoved(healthy));
         QTemporaryDir work;
-        QProcess p;
-        p.start(VM_CLI_PATH, {"repair", "--work", work.path(), "--keep-work-files", "--sample", sample, "--", damaged});
-        QVERIFY(p.waitForFinished(300000));
-        const QStringList line = QString::fromUtf8(p.readAllStandardOutput()).trimmed().split('\t');
-        QCOMPARE(line.value(0), QString("Completed"));
-        const fixtures::Streams s = fixtures::probe(line.value(2));
+        const media::Outcome o = media::repairIn(damaged, work.path(), sample, {"--keep-work-files"});
+        QCOMPARE(o.status, QString("Completed"));
+        const fixtures::Streams s = fixtures::probe(o.output);
         QCOMPARE(s.videoRate, rate);
         const double picture = s.videoSeconds, sound = s.audioSeconds;
         QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
         // Every picture at its own time, B-frames included: as in the healthy file.
-        QCOMPARE(pictures(line.value(2)), pictures(healthy));
+        QCOMPARE(pictures(o.output), pictures(healthy));
         // No second result at a whole rate beside it.
         QCOMPARE(QDir(work.filePath("Repaired")).entryList({"1_*"}, QDir::Files), QStringList());
     }
@@ -93,12 +82,9 @@ private Q_SLOTS:
         QTest::addColumn<int>("why");
         QTest::addColumn<QString>("detail");
         const QString aac = fixtures::healthy("carve_aac48.mov");
-        QFile text(m_dir.filePath("notes.txt"));
-        text.open(QIODevice::WriteOnly);
-        for (int i = 0; i < 2000; ++i)
-            text.write("A line of notes, not a recording.\n");
-        text.close();
-        QTest::newRow("text file") << text.fileName() << "" << int(Why::NothingFound) << "no video data";
+        const QString text = m_dir.filePath("notes.txt");
+        media::writeAll(text, QByteArray("A line of notes, not a recording.\n").repeated(2000));
+        QTest::newRow("text file") << text << "" << int(Why::NothingFound) << "no video data";
         QTest::newRow("random bytes") << randomFile(m_dir.filePath("noise.mp4"), 1 << 20) << ""
                                       << int(Why::NothingFound) << "";
         QTest::newRow("index lost, no sample yet") << fixtures::moovRemoved(aac) << "" << int(Why::None) << "";
