@@ -5,7 +5,7 @@
 #include "rebuild/RebuildStages.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 #include "support/MovBuilder.h"
 
 #include <QProcess>
@@ -49,16 +49,14 @@ const Case kCases[] = {
     {"absurd size and offset", -1, Absurd},
 };
 
-QByteArray readAll(const QString &p) { QFile f(p); return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray(); }
+using media::readAll;
 
 // Each packet's "size, md5" as ffmpeg gives them: pictures decoded, sound as stored.
 QStringList md5s(const QString &path, bool video)
 {
-    QProcess p;
-    p.start(fixtures::ffmpeg(), {"-v", "quiet", "-i", path, "-map", video ? "0:v:0" : "0:a:0", "-c",
-                                 video ? "rawvideo" : "copy", "-f", "framemd5", "-"});
-    p.waitForFinished(120000);
-    QStringList lines = QString::fromLatin1(p.readAllStandardOutput()).split('\n').filter(QRegularExpression("^\\d"));
+    QStringList lines = media::run(fixtures::ffmpeg(), {"-v", "quiet", "-i", path, "-map", video ? "0:v:0" : "0:a:0", "-c",
+                                                        video ? "rawvideo" : "copy", "-f", "framemd5", "-"})
+                            .split('\n').filter(QRegularExpression("^\\d"));
     return lines.replaceInStrings(QRegularExpression("^([^,]*,){4}"), QString());
 }
 
