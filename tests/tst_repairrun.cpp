@@ -3,7 +3,7 @@
 
 #include "repair/ThreadVideoRepair.h"
 #include "repair/WorkFolder.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 #include "support/MovBuilder.h"
 
 #include <QCryptographicHash>
@@ -197,14 +197,10 @@ private Q_SLOTS:
         QVERIFY(mov::write(d.filePath(".hidden"), "notes\nphotos"));
         QVERIFY(workfolder::MarkHidden(d.path()));
         QVERIFY(workfolder::MarkHidden(d.path())); // once only
-        QFile f(d.filePath(".hidden"));
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts),
+        QCOMPARE(QString::fromUtf8(media::readAll(d.filePath(".hidden"))).split('\n', Qt::SkipEmptyParts),
                  (QStringList{"notes", "photos", "Repaired"}));
-        f.close();
         QVERIFY(workfolder::MakeVisible(d.path()));
-        QVERIFY(f.open(QIODevice::ReadOnly));
-        QCOMPARE(QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts), (QStringList{"notes", "photos"}));
+        QCOMPARE(QString::fromUtf8(media::readAll(d.filePath(".hidden"))).split('\n', Qt::SkipEmptyParts), (QStringList{"notes", "photos"}));
     }
 
     void sampleRunUsesTheSample()
