@@ -5,10 +5,9 @@
 #include "containers/StreamScan.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
 #include <QBuffer>
-#include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <functional>
@@ -34,12 +33,11 @@ QList<Piece> parse(const QByteArray &log)
 QString changed(const QString &src, const QString &prefix, const std::function<void(QByteArray &)> &change)
 {
     const QString dest = fixtures::dir() + "/" + prefix + QFileInfo(src).fileName();
-    QFile in(src), out(dest);
-    if (src.isEmpty() || QFileInfo(dest).lastModified() > QFileInfo(src).lastModified() || !in.open(QIODevice::ReadOnly))
+    if (src.isEmpty() || QFileInfo(dest).lastModified() > QFileInfo(src).lastModified())
         return src.isEmpty() ? QString() : dest;
-    QByteArray d = in.readAll();
+    QByteArray d = media::readAll(src);
     change(d);
-    return out.open(QIODevice::WriteOnly) && out.write(d) == d.size() ? dest : QString();
+    return media::writeAll(dest, d) ? dest : QString();
 }
 
 // "es26" as the compressor name of the video sample entry, as the cameras of code 14 write it.
@@ -53,10 +51,8 @@ QString es26(const QString &src)
 // What ffmpeg decodes: a framemd5 line a picture, or the sound as 16-bit samples.
 QByteArray decoded(const QString &path, bool video)
 {
-    QProcess p;
-    p.start("ffmpeg", {"-v", "quiet", "-i", path, "-map", video ? "0:v:0" : "0:a:0", "-f", video ? "framemd5" : "s16le", "-"});
-    p.waitForFinished(120000);
-    return p.readAllStandardOutput();
+    return media::runRaw(fixtures::ffmpeg(), {"-v", "quiet", "-i", path, "-map", video ? "0:v:0" : "0:a:0", "-f",
+                                              video ? "framemd5" : "s16le", "-"});
 }
 } // namespace
 
@@ -136,10 +132,8 @@ private Q_SLOTS:
             QVERIFY(row.sound >= 0 ? sound.size() >= row.sound : sound == decoded(healthy, false));
             // The sound track declares the length it holds (48 kHz stereo decoded as 16 bits).
             if (row.family == P && !sound.isEmpty()) {
-                QProcess probe;
-                probe.start("ffprobe", {"-v", "error", "-select_streams", "a:0", "-show_entries", "stream=duration", "-of", "csv=p=0", result});
-                probe.waitForFinished(60000);
-                const double declared = probe.readAllStandardOutput().trimmed().toDouble(), held = sound.size() / 192000.0;
+                const double held = sound.size() / 192000.0, declared = media::run("ffprobe", {"-v", "error", "-select_streams", "a:0",
+                                                           "-show_entries", "stream=duration", "-of", "csv=p=0", result}).trimmed().toDouble();
                 QVERIFY2(qAbs(declared - held) <= 0.02 * held, qPrintable(QString("%1 s / %2 s").arg(declared).arg(held)));
             }
         }
@@ -161,10 +155,8 @@ private Q_SLOTS:
         });
         if (status < 0)
             QSKIP("no file size limit here");
-        QFile o(out), e(err);
-        QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
-        QVERIFY(o.readAll().startsWith("Failed"));
-        QVERIFY(e.readAll().contains("the result could not be written: File too large"));
+        QVERIFY(media::readAll(out).startsWith("Failed"));
+        QVERIFY(media::readAll(err).contains("the result could not be written: File too large"));
         QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
     }
 
@@ -184,12 +176,11 @@ private Q_SLOTS:
         };
         QTemporaryDir dir;
         for (const auto &row : rows) {
-            QFile f(dir.filePath("bad"));
-            QVERIFY(f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(row.bytes) == row.bytes.size() && f.flush());
+            QVERIFY(media::writeAll(dir.filePath("bad"), row.bytes));
             for (Family family : {Family::ThreeGp, Family::ProRes, Family::MotionJpeg}) {
                 BufferedReader in;
                 QBuffer log;
-                QVERIFY(in.open(f.fileName()) && log.open(QIODevice::WriteOnly));
+                QVERIFY(in.open(dir.filePath("bad")) && log.open(QIODevice::WriteOnly));
                 streamscan::Scan(family, in, &log, std::atomic<bool>{false}, nullptr);
                 quint64 end = 0;
                 for (const Piece &p : parse(log.data())) {
