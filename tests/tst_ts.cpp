@@ -7,10 +7,8 @@
 #include "containers/ContainerConstants.h"
 #include "containers/Ts.h"
 #include "repair/BufferedReader.h"
-#include "support/Fixtures.h"
+#include "support/MediaCompare.h"
 
-#include <QProcess>
-#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cstdio>
@@ -18,42 +16,21 @@
 
 namespace {
 
-// Standard output of a program (ffmpeg when none is named), after at most 5 minutes.
-QString run(const QStringList &args, const QString &program = fixtures::ffmpeg())
-{
-    QProcess p;
-    p.start(program, args);
-    return p.waitForFinished(300000) ? QString::fromUtf8(p.readAllStandardOutput()) : QString();
-}
-
-// A file's bytes; with `bytes` given, the file is written with them first.
-QByteArray bytesOf(const QString &path, const QByteArray *bytes = nullptr)
-{
-    QFile f(path);
-    if (!bytes)
-        return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-    const bool ok = f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(*bytes) == bytes->size();
-    return ok ? *bytes : QByteArray();
-}
-bool writeAll(const QString &path, const QByteArray &bytes) { return bytesOf(path, &bytes).size() == bytes.size(); }
+using namespace media;
+QString run(const QStringList &args) { return media::run(fixtures::ffmpeg(), args); }
 
 // Recordings made once and cached: 10 s of noisy pictures (a few MB), or a
 // 5 s sample of other pictures and, for the program stream, another bit rate.
 QString make(const QString &name, const QString &codecs, const QString &format, bool sample)
 {
-    const QString out = fixtures::dir() + "/ts-" + (sample ? "sample_" : "") + name;
-    if (QFileInfo::exists(out) || fixtures::ffmpeg().isEmpty())
-        return QFileInfo::exists(out) ? out : QString();
-    QStringList args = {"-v", "error", "-nostdin", "-y", "-f", "lavfi", "-i",
+    QStringList args = {"-f", "lavfi", "-i",
                         sample ? "mandelbrot=size=320x240:rate=25" : "testsrc=size=320x240:rate=25",
                         "-f", "lavfi", "-i", sample ? "sine=frequency=300:sample_rate=48000" : "sine=sample_rate=48000",
                         "-t", sample ? "5" : "10", "-vf", "noise=alls=12:allf=t", "-g", "50"};
     args << codecs.split(' ') << QString(sample ? "-b:v 900k" : "-b:v 2M").split(' ') << format.split(' ');
     if (sample && (format == "-f mpeg" || format == "-f vob"))
         args << "-muxrate" << "4000000"; // the program stream's rate fields differ
-    args << out + ".tmp";
-    run(args);
-    return QFile::rename(out + ".tmp", out) ? out : QString();
+    return made("ts-" + QString(sample ? "sample_" : "") + name, args);
 }
 
 template <size_t N>
@@ -69,7 +46,7 @@ QString cameraMts(const QString &mts)
     const QString out = fixtures::dir() + "/ts-camera.MTS";
     if (QFileInfo::exists(out) || mts.isEmpty())
         return QFileInfo::exists(out) ? out : QString();
-    const QByteArray d = bytesOf(mts);
+    const QByteArray d = readAll(mts);
     QByteArray cam = fixedPacket(ts::kMtsPat) + fixedPacket(ts::kMtsPmt) + fixedPacket(ts::kMtsSit) +
                      fixedPacket(ts::kMtsPcr);
     for (int p = 0; p + ts::kMtsPacket <= d.size(); p += ts::kMtsPacket)
@@ -117,14 +94,6 @@ QPair<int, int> baseline(const QString &path, const QString &dir)
     return frames(out);
 }
 
-QStringList repair(const QString &file, const QString &work, const QString &sample)
-{
-    QDir().mkpath(work);
-    QStringList args = {"repair", "--quiet", "--work", work};
-    if (!sample.isEmpty())
-        args << "--sample" << sample;
-    return run(args << "--" << file, VM_CLI_PATH).trimmed().split('\t');
-}
 
 struct Kind
 {
@@ -185,20 +154,20 @@ private Q_SLOTS:
         const bool mts = QString(k.name).endsWith(".MTS");
         QTemporaryDir tmp;
         const QString damaged = tmp.path() + "/" + k.name, work = tmp.path() + "/w";
-        const QByteArray bytes = damage(bytesOf(healthy), how, mts ? 192 : 188);
+        const QByteArray bytes = damage(readAll(healthy), how, mts ? 192 : 188);
         QVERIFY(writeAll(damaged, bytes));
         const QByteArray before = fixtures::digest(damaged), sampleBefore = fixtures::digest(sample);
 
-        QStringList line = repair(damaged, work, QString());
-        QCOMPARE(line.value(0), status);
+        Outcome line = repairIn(damaged, work);
+        QCOMPARE(line.status, status);
         if (status != "Completed")
-            line = repair(damaged, work, sample);
-        QCOMPARE(line.value(0), final);
+            line = repairIn(damaged, work, sample);
+        QCOMPARE(line.status, final);
         QCOMPARE(fixtures::digest(damaged), before);
         QCOMPARE(fixtures::digest(sample), sampleBefore);
         const QPair<int, int> want = frames(healthy), base = baseline(damaged, tmp.path());
-        const QPair<int, int> got = final == "Completed" ? frames(line.value(2)) : qMakePair(0, 0);
-        const QByteArray out = bytesOf(line.value(2));
+        const QPair<int, int> got = final == "Completed" ? frames(line.output) : qMakePair(0, 0);
+        const QByteArray out = readAll(line.output);
         QString path = QString(k.name).endsWith(".mpg") ? "new start" : status == "Completed" ? "remux" : "streams";
         const bool copy = kind == 1 && bytes.mid(4, 3) == QByteArray(ts::kMtsOwnPat, 3);
         if (mts) {
@@ -227,7 +196,7 @@ private Q_SLOTS:
         if (kind == 3 && status != "Completed") {
             // Repaired from a sample of another bit rate: the new system
             // header behind the pack carries the sample's rate fields.
-            const QByteArray code(mpegps::kSystemHeader, 4), smp = bytesOf(sample), own = bytesOf(healthy);
+            const QByteArray code(mpegps::kSystemHeader, 4), smp = readAll(sample), own = readAll(healthy);
             QCOMPARE(out.indexOf(code), 12);
             QCOMPARE(out.mid(18, 6), smp.mid(smp.indexOf(code) + 6, 6));
             QVERIFY(out.mid(18, 6) != own.mid(own.indexOf(code) + 6, 6));
@@ -255,7 +224,7 @@ private Q_SLOTS:
             });
             if (status < 0)
                 QSKIP("no file size limit here");
-            QVERIFY(bytesOf(out).startsWith("Failed"));
+            QVERIFY(readAll(out).startsWith("Failed"));
             QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
         }
     }
@@ -283,12 +252,8 @@ private Q_SLOTS:
         const Kind &k = kKinds[kind];
         VM_FIXTURE(sample, make(k.name, k.codecs, k.format, true));
         QTemporaryDir tmp;
-        QByteArray noise(size, '\0');
-        QRandomGenerator bytes(quint32(size + kind)); // the same bytes each time
-        for (char &c : noise)
-            c = char(bytes.bounded(256));
-        QVERIFY(writeAll(tmp.path() + "/" + k.name, noise));
-        QCOMPARE(repair(tmp.path() + "/" + k.name, tmp.path() + "/w", sample).value(0), status);
+        QVERIFY(writeAll(tmp.path() + "/" + k.name, noise(size, quint32(size + kind))));
+        QCOMPARE(repairIn(tmp.path() + "/" + k.name, tmp.path() + "/w", sample).status, status);
     }
 
     // Hand-made packets (stuffed through the adaptation field, as muxers
@@ -333,8 +298,8 @@ private Q_SLOTS:
         audio.close();
         QVERIFY(r.synced);
         QCOMPARE(r.audioFrames, quint64(1));
-        QCOMPARE(bytesOf(tmp.path() + "/a"), frame);
-        QCOMPARE(bytesOf(tmp.path() + "/v"), QByteArray(150, 'v') + QByteArray(184, 'w') + QByteArray(184, 'x'));
+        QCOMPARE(readAll(tmp.path() + "/a"), frame);
+        QCOMPARE(readAll(tmp.path() + "/v"), QByteArray(150, 'v') + QByteArray(184, 'w') + QByteArray(184, 'x'));
     }
 };
 
