@@ -472,42 +472,33 @@ private Q_SLOTS:
         QCOMPARE(lostFrames, 0);
     }
 
-    void atomTagsThatDontFitAreMedia_data()
-    {
-        QTest::addColumn<QByteArray>("tag");
-        QTest::addColumn<bool>("pastFile"); // else just past the media data
-        for (const char *tag : {"ftyp", "moov", "free", "skip", "moof", "wide"}) {
-            QTest::newRow(qPrintable(QString("%1, past the file").arg(tag))) << QByteArray(tag) << true;
-            QTest::newRow(qPrintable(QString("%1, past the mdat").arg(tag))) << QByteArray(tag) << false;
-        }
-    }
-
     void atomTagsThatDontFitAreMedia()
     {
         // Eight bytes that read as an atom header, between two chunks of the
         // media data, with a size that runs past the file (1.1 GB) or past
         // the mdat around them: they are media, and nothing behind them is lost.
-        QFETCH(QByteArray, tag);
-        QFETCH(bool, pastFile);
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QByteArray d = readAll(noMoov);
         const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
         QVERIFY(video.size() > 60);
-        const int at = int(video.at(60).pos);
-        const int mdatEnd = d.size(); // the moov that followed is gone
-        insertIntoMdat(d, at, QByteArray(8, '\0'));
-        // A top-level atom behind the media data, so that "past the mdat" stays inside the file.
-        d += mov::atom("free", QByteArray(4096, '\0'));
-        const quint32 size = pastFile ? 0x41000000u : quint32(mdatEnd + 8 - at + 16);
-        d.replace(at, 8, mov::be32(size) + tag);
-        QTemporaryDir work;
-        const QString path = work.filePath("tagged.mov");
-        QVERIFY(mov::write(path, d));
-        carveOnly(path, sample, work.path());
-        const int units = unitsOf(workFile(work.path(), workfiles::kVideoH264)).size();
-        QVERIFY2(units >= video.size(), qPrintable(QString::number(units)));
+        for (const char *tag : {"ftyp", "moov", "free", "skip", "moof", "wide"})
+            for (bool pastFile : {true, false}) {
+                QByteArray d = readAll(noMoov);
+                const int at = int(video.at(60).pos);
+                const int mdatEnd = d.size(); // the moov that followed is gone
+                insertIntoMdat(d, at, QByteArray(8, '\0'));
+                // A top-level atom behind the media data, so that "past the mdat" stays inside the file.
+                d += mov::atom("free", QByteArray(4096, '\0'));
+                const quint32 size = pastFile ? 0x41000000u : quint32(mdatEnd + 8 - at + 16);
+                d.replace(at, 8, mov::be32(size) + tag);
+                QTemporaryDir work;
+                const QString path = work.filePath("tagged.mov");
+                QVERIFY(mov::write(path, d));
+                carveOnly(path, sample, work.path());
+                const int units = unitsOf(workFile(work.path(), workfiles::kVideoH264)).size();
+                QVERIFY2(units >= video.size(), qPrintable(QStringLiteral("%1 %2: %3").arg(tag).arg(pastFile).arg(units)));
+            }
     }
 
     void wreckedMediaDataEndsTheCarve()
