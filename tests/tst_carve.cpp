@@ -117,6 +117,38 @@ Outcome cliRepair(const QString &file, const QString &sample, const QString &wor
 {
     return repairIn(file, work, sample, extra);
 }
+// Recordings and their samples (shot with the same settings), seconds per
+// chunk as cameras write (0: ffmpeg's chunk per frame), the damage, and the
+// least share of intact frames and of the video's duration in sound (-1: none).
+// The samples show other pictures and sound of another kind and loudness (a
+// soft tone, bursts between silences, silence): the openings of the
+// recording's sound are learned from the recording.
+struct SampleRun { const char *name, *sample; double chunk; const char *damage; double video, audio; };
+const SampleRun kRuns[] = {
+    {"carve_aac48", "carve_aac48_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_aac48", "carve_aac48_tone_sample", 1, "nomoov", 0.99, 0.97},
+    {"carve_aac48", "carve_aac48_bursts_sample", 0.5, "nomoov", 0.99, 0.97},
+    {"carve_aac48", "carve_aac48_hush_sample", 1, "moovzero", 0.99, 0.97},
+    // The cut takes the sound of the last half second of picture.
+    {"carve_aac48", "carve_aac48_tone_sample", 0.5, "cut", 0.99, 0.9},
+    {"carve_aac48", "carve_aac48_sample", 1, "stopped", 0.99, 0.97},
+    // Sound that changes character halfway: loud noise, then a soft tone.
+    {"carve_mixed", "carve_aac48_tone_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_aac44", "carve_aac44_sample", 0, "nomoov", 0.99, 0.97},
+    // Mono frames open with 00 or 01, as length prefixes do.
+    {"carve_mono", "carve_mono_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_mp3", "carve_mp3_tone_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_mp3", "carve_mp3_tone_sample", 0.5, "cut", 0.99, 0.97},
+    {"carve_nob", "carve_nob_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_aud", "carve_aud_sample", 0, "nomoov", 0.99, 0.97},
+    {"carve_slices", "carve_slices_sample", 1, "nomoov", 0.99, 0.97},
+    {"carve_silent", "carve_silent_sample", 0, "nomoov", 0.99, -1},
+    // 64 KiB of zeros or noise in the media data.
+    {"carve_aac48", "carve_aac48_tone_sample", 0, "zeros", 0.99, 0.9},
+    {"carve_aac48", "carve_aac48_sample", 1, "random", 0.99, 0.9},
+    {"carve_silent", "carve_silent_sample", 0, "zeros", 0.99, -1},
+};
+
 // A work file of the carve.
 QByteArray workFile(const QString &work, const char *name)
 {
@@ -157,29 +189,19 @@ private Q_SLOTS:
         // A rate with no AAC index is refused, not a crash.
         pApp.nSoundSampleRate = 12345;
         QVERIFY(!adts::BuildAdtsHeader(300));
-        QCOMPARE(adts::BinaryText(5, 3), QString("101"));
-        QCOMPARE(adts::BinaryText(0, 4), QString("0000"));
-        QCOMPARE(adts::BinaryText(9, 2), QString("1001")); // keeps all its digits
-        QCOMPARE(adts::BitsToHexPairs("111111110001", false), QString("FF 1"));
-        QCOMPARE(adts::BitsToHexPairs("11", true), QString("3"));
     }
 
     void mp3FrameLengths()
     {
-        auto len = [](quint8 a, quint8 b, quint8 c) {
-            const quint8 h[4] = {a, b, c, 0};
-            return Mp3FrameLength(h);
-        };
-        QCOMPARE(len(0xFF, 0xFB, 0x90), 417); // MPEG 1 layer III 128k 44.1k
-        QCOMPARE(len(0xFF, 0xFB, 0x92), 418); // with padding
-        QCOMPARE(len(0xFF, 0xFB, 0x94), 384); // 48 kHz
-        QCOMPARE(len(0xFF, 0xF3, 0x90), 261); // MPEG 2 layer III 80k 22.05k: 80*72000/22050
-        QCOMPARE(len(0xFF, 0xFD, 0x92), 522 + 4); // layer II 160k, padding adds 4
-        QCOMPARE(len(0xFF, 0xFF, 0x90), -1);         // layer I
-        QCOMPARE(len(0xFF, 0xEB, 0x90), -1);         // reserved version
-        QCOMPARE(len(0xFF, 0xFB, 0xF0), -1);         // bad bit rate
-        QCOMPARE(len(0xFF, 0xFB, 0x9C), -1);         // reserved rate
-        QCOMPARE(len(0x00, 0xFB, 0x90), -1);
+        // MPEG 1 layer III 128k 44.1k, padded, at 48 kHz; MPEG 2 layer III 80k 22.05k;
+        // layer II 160k padded (adds 4); then layer I, reserved version, bad bit
+        // rate, reserved rate and no sync: no frame.
+        const quint8 rows[][4] = {{0xFF, 0xFB, 0x90}, {0xFF, 0xFB, 0x92}, {0xFF, 0xFB, 0x94}, {0xFF, 0xF3, 0x90},
+                                  {0xFF, 0xFD, 0x92}, {0xFF, 0xFF, 0x90}, {0xFF, 0xEB, 0x90}, {0xFF, 0xFB, 0xF0},
+                                  {0xFF, 0xFB, 0x9C}, {0x00, 0xFB, 0x90}};
+        const int want[] = {417, 418, 384, 261, 526, -1, -1, -1, -1, -1};
+        for (int i = 0; i < 10; ++i)
+            QCOMPARE(Mp3FrameLength(rows[i]), want[i]);
         QCOMPARE(pApp.nMp3FrameLength, -1);
     }
 
@@ -252,64 +274,19 @@ private Q_SLOTS:
 
     void sampleRunsRepair_data()
     {
-        QTest::addColumn<QString>("name");    // the recording
-        QTest::addColumn<QString>("sample");  // its sample, shot with the same settings
-        QTest::addColumn<double>("chunk");    // seconds per chunk as cameras write; 0: ffmpeg's chunk per frame
-        QTest::addColumn<QString>("damage");
-        QTest::addColumn<double>("minVideo"); // share of the frames the damage left intact
-        QTest::addColumn<double>("minAudio"); // share of the video's duration; -1: no sound
-        // Samples of other content: other pictures, and sound of another kind
-        // and loudness (a soft tone, bursts between silences, silence). The
-        // openings of the recording's sound are learned from the recording.
-        const char *aac = "carve_aac48", *mp3 = "carve_mp3";
-        struct Row { const char *name, *sample; double chunk; const char *damage; double video, audio; };
-        const Row rows[] = {
-            {aac, "carve_aac48_sample", 0, "nomoov", 0.99, 0.97},
-            {aac, "carve_aac48_tone_sample", 0, "nomoov", 0.99, 0.97},
-            {aac, "carve_aac48_bursts_sample", 0, "moovzero", 0.99, 0.97},
-            {aac, "carve_aac48_hush_sample", 0, "cut", 0.99, 0.97},
-            {aac, "carve_aac48_tone_sample", 1, "nomoov", 0.99, 0.97},
-            {aac, "carve_aac48_bursts_sample", 0.5, "nomoov", 0.99, 0.97},
-            {aac, "carve_aac48_hush_sample", 1, "moovzero", 0.99, 0.97},
-            // The cut takes the sound of the last half second of picture.
-            {aac, "carve_aac48_tone_sample", 0.5, "cut", 0.99, 0.9},
-            {aac, "carve_aac48_sample", 1, "stopped", 0.99, 0.97},
-            // Sound that changes character halfway: loud noise, then a soft tone.
-            {"carve_mixed", "carve_aac48_tone_sample", 0, "nomoov", 0.99, 0.97},
-            {"carve_mixed", "carve_aac48_sample", 0.5, "nomoov", 0.99, 0.97},
-            {"carve_aac44", "carve_aac44_sample", 0, "nomoov", 0.99, 0.97},
-            // Mono frames open with 00 or 01, as length prefixes do.
-            {"carve_mono", "carve_mono_sample", 0, "nomoov", 0.99, 0.97},
-            {mp3, "carve_mp3_tone_sample", 0, "nomoov", 0.99, 0.97},
-            {mp3, "carve_mp3_sample", 1, "moovzero", 0.99, 0.97},
-            {mp3, "carve_mp3_tone_sample", 0.5, "cut", 0.99, 0.97},
-            {"carve_mp3_mixed", "carve_mp3_sample", 0, "nomoov", 0.99, 0.97},
-            {"carve_nob", "carve_nob_sample", 0, "nomoov", 0.99, 0.97},
-            {"carve_aud", "carve_aud_sample", 0, "nomoov", 0.99, 0.97},
-            {"carve_slices", "carve_slices_sample", 1, "nomoov", 0.99, 0.97},
-            {"carve_silent", "carve_silent_sample", 0, "nomoov", 0.99, -1},
-            {"carve_silent", "carve_silent_sample", 0, "cut", 0.99, -1},
-            // 64 KiB of zeros or noise in the media data.
-            {aac, "carve_aac48_tone_sample", 0, "zeros", 0.99, 0.9},
-            {aac, "carve_aac48_sample", 1, "random", 0.99, 0.9},
-            {"carve_silent", "carve_silent_sample", 0, "zeros", 0.99, -1},
-        };
-        for (const Row &r : rows)
-            QTest::newRow(qPrintable(QStringLiteral("%1 / %2, %3, %4")
-                                         .arg(r.name, r.sample)
-                                         .arg(r.chunk ? QStringLiteral("%1 s chunks").arg(r.chunk) : QStringLiteral("frame chunks"))
-                                         .arg(r.damage)))
-                << r.name << r.sample << r.chunk << r.damage << r.video << r.audio;
+        QTest::addColumn<int>("row");
+        for (int i = 0; i < int(sizeof kRuns / sizeof kRuns[0]); ++i) {
+            const SampleRun &r = kRuns[i];
+            QTest::newRow(qPrintable(QStringLiteral("%1 / %2, %3 s chunks, %4").arg(r.name, r.sample).arg(r.chunk).arg(r.damage))) << i;
+        }
     }
 
     void sampleRunsRepair()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, sample);
-        QFETCH(double, chunk);
-        QFETCH(QString, damage);
-        QFETCH(double, minVideo);
-        QFETCH(double, minAudio);
+        QFETCH(int, row);
+        const SampleRun &run = kRuns[row];
+        const QString name = run.name, sample = run.sample, damage = run.damage;
+        const double chunk = run.chunk, minVideo = run.video, minAudio = run.audio;
         const QString ext = name.contains("mp3") ? ".mp4" : ".mov"; // ffmpeg puts MP3 in mp4a only in mp4
         auto laidOut = [&](const QString &path) { return chunk > 0 ? fixtures::cameraLayout(path, chunk) : path; };
         VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ext)));
@@ -362,37 +339,30 @@ private Q_SLOTS:
         QCOMPARE(digest(samplePath), sampleBefore);
     }
 
-    void carvedAacFramesEqualFfmpegs_data()
-    {
-        QTest::addColumn<bool>("camera");
-        QTest::addColumn<double>("found"); // share of ffmpeg's frames carved alike
-        QTest::newRow("ffmpeg's chunks") << false << 0.97;
-        QTest::newRow("camera chunks") << true << 0.97;
-    }
-
     void carvedAacFramesEqualFfmpegs()
     {
         // Every ADTS frame the carve writes should be the very frame ffmpeg
-        // writes for the same sound: same header, same payload.
-        QFETCH(bool, camera);
-        QFETCH(double, found);
+        // writes for the same sound: same header, same payload, in ffmpeg's
+        // chunks and in a camera's.
         VM_FIXTURE(plain, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(plainSample, fixtures::healthy("carve_aac48_sample.mov"));
-        const QString healthy = camera ? fixtures::cameraLayout(plain) : plain;
-        const QString sample = camera ? fixtures::cameraLayout(plainSample) : plainSample;
-        VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QTemporaryDir work;
-        cliRepair(noMoov, sample, work.path(), {"--keep-work-files"});
-        QByteArray ref;
-        QVERIFY(ffmpeg({"-i", healthy, "-c:a", "copy", "-f", "adts", "-"}, &ref));
-        const QList<QByteArray> carved = adtsFrames(workFile(work.path(), workfiles::kAudioAac)), reference = adtsFrames(ref);
-        QVERIFY(!reference.isEmpty());
-        int same = 0;
-        for (const QByteArray &c : carved)
-            same += reference.contains(c);
-        qInfo() << "carved" << carved.size() << "frames," << same << "byte-identical to ffmpeg's, of" << reference.size();
-        QVERIFY(same >= int(0.95 * carved.size()));
-        QVERIFY(same >= int(found * reference.size()));
+        for (bool camera : {false, true}) {
+            const QString healthy = camera ? fixtures::cameraLayout(plain) : plain;
+            const QString sample = camera ? fixtures::cameraLayout(plainSample) : plainSample;
+            VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
+            QTemporaryDir work;
+            cliRepair(noMoov, sample, work.path(), {"--keep-work-files"});
+            QByteArray ref;
+            QVERIFY(ffmpeg({"-i", healthy, "-c:a", "copy", "-f", "adts", "-"}, &ref));
+            const QList<QByteArray> carved = adtsFrames(workFile(work.path(), workfiles::kAudioAac)), reference = adtsFrames(ref);
+            QVERIFY(!reference.isEmpty());
+            int same = 0;
+            for (const QByteArray &c : carved)
+                same += reference.contains(c);
+            qInfo() << "carved" << carved.size() << "frames," << same << "byte-identical to ffmpeg's, of" << reference.size();
+            QVERIFY(same >= int(0.95 * carved.size()));
+            QVERIFY(same >= int(0.97 * reference.size()));
+        }
     }
 
     void fillIsSteppedOver()
@@ -502,42 +472,33 @@ private Q_SLOTS:
         QCOMPARE(lostFrames, 0);
     }
 
-    void atomTagsThatDontFitAreMedia_data()
-    {
-        QTest::addColumn<QByteArray>("tag");
-        QTest::addColumn<bool>("pastFile"); // else just past the media data
-        for (const char *tag : {"ftyp", "moov", "free", "skip", "moof", "wide"}) {
-            QTest::newRow(qPrintable(QString("%1, past the file").arg(tag))) << QByteArray(tag) << true;
-            QTest::newRow(qPrintable(QString("%1, past the mdat").arg(tag))) << QByteArray(tag) << false;
-        }
-    }
-
     void atomTagsThatDontFitAreMedia()
     {
         // Eight bytes that read as an atom header, between two chunks of the
         // media data, with a size that runs past the file (1.1 GB) or past
         // the mdat around them: they are media, and nothing behind them is lost.
-        QFETCH(QByteArray, tag);
-        QFETCH(bool, pastFile);
         VM_FIXTURE(healthy, fixtures::healthy("carve_aac48.mov"));
         VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
-        QByteArray d = readAll(noMoov);
         const QVector<fixtures::Packet> video = fixtures::packets(healthy).value(0);
         QVERIFY(video.size() > 60);
-        const int at = int(video.at(60).pos);
-        const int mdatEnd = d.size(); // the moov that followed is gone
-        insertIntoMdat(d, at, QByteArray(8, '\0'));
-        // A top-level atom behind the media data, so that "past the mdat" stays inside the file.
-        d += mov::atom("free", QByteArray(4096, '\0'));
-        const quint32 size = pastFile ? 0x41000000u : quint32(mdatEnd + 8 - at + 16);
-        d.replace(at, 8, mov::be32(size) + tag);
-        QTemporaryDir work;
-        const QString path = work.filePath("tagged.mov");
-        QVERIFY(mov::write(path, d));
-        carveOnly(path, sample, work.path());
-        const int units = unitsOf(workFile(work.path(), workfiles::kVideoH264)).size();
-        QVERIFY2(units >= video.size(), qPrintable(QString::number(units)));
+        for (const char *tag : {"ftyp", "moov", "free", "skip", "moof", "wide"})
+            for (bool pastFile : {true, false}) {
+                QByteArray d = readAll(noMoov);
+                const int at = int(video.at(60).pos);
+                const int mdatEnd = d.size(); // the moov that followed is gone
+                insertIntoMdat(d, at, QByteArray(8, '\0'));
+                // A top-level atom behind the media data, so that "past the mdat" stays inside the file.
+                d += mov::atom("free", QByteArray(4096, '\0'));
+                const quint32 size = pastFile ? 0x41000000u : quint32(mdatEnd + 8 - at + 16);
+                d.replace(at, 8, mov::be32(size) + tag);
+                QTemporaryDir work;
+                const QString path = work.filePath("tagged.mov");
+                QVERIFY(mov::write(path, d));
+                carveOnly(path, sample, work.path());
+                const int units = unitsOf(workFile(work.path(), workfiles::kVideoH264)).size();
+                QVERIFY2(units >= video.size(), qPrintable(QStringLiteral("%1 %2: %3").arg(tag).arg(pastFile).arg(units)));
+            }
     }
 
     void wreckedMediaDataEndsTheCarve()

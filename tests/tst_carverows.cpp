@@ -233,10 +233,8 @@ private Q_SLOTS:
             // Camera layouts: every frame and all the sound.
             {"pcm_sowt", Half, 0, 120, Matches}, {"pcm_twos", Half, 0, 120, Matches}, {"pcm_lpcm", Half, 0, 120, Matches},
             {"pcm_alaw", Half, 0, 120, Matches}, {"pcm_ulaw", Half, 0, 120, Matches}, {"pcm_ima", Half, 0, 120, Matches},
-            {"pcm_ac3", Half, 0, 120, Matches}, {"pcm_ac3_44k", Second, 0, 120, Matches},
-            {"pcm_lpcm", Second, 0, 120, Matches}, {"pcm_alaw", Second, 0, 120, Matches},
-            {"pcm_ima", Second, 0, 120, Matches}, {"pcm_lpcm_aud", Ffmpeg, 0, 120, Matches},
-            {"pcm_twos", Ffmpeg, 0, 120, Matches}, {"pcm_ac3", Ffmpeg, 0, 120, Matches}, {"pcm_ac3_44k", Ffmpeg, 0, 120, Matches},
+            {"pcm_ac3", Half, 0, 120, Matches}, {"pcm_ac3_44k", Second, 0, 120, Matches}, {"pcm_lpcm", Second, 0, 120, Matches},
+            {"pcm_lpcm_aud", Ffmpeg, 0, 120, Matches}, {"pcm_twos", Ffmpeg, 0, 120, Matches}, {"pcm_ac3", Ffmpeg, 0, 120, Matches},
             // Opus: the pictures alone, always.
             {"pcm_opus", Half, 0, 120, None},
             // Cut at 70 %: the frames before the cut; the sound goes as far as the cut.

