@@ -4,10 +4,15 @@
 
 #include "repair/ThreadVideoRepair.h"
 
+#include <QDir>
 #include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QString>
 #include <QStringList>
+#include <cstdio>
+#include <sys/resource.h>
 
 namespace bench {
 
@@ -43,6 +48,44 @@ inline double timedRepair(const QString &file, const QString &sample, const QStr
     t.StartRepair({file}, true);
     t.wait();
     return clock.nsecsElapsed() / 1e9;
+}
+
+// The folder named by the one argument, made if missing; empty after a usage
+// line when the arguments are wrong.
+inline QString folderArgument(int argc, char **argv, const char *program)
+{
+    if (argc != 2) {
+        std::fprintf(stderr, "usage: %s FOLDER\n", program);
+        return QString();
+    }
+    const QString dir = QString::fromLocal8Bit(argv[1]);
+    QDir().mkpath(dir);
+    return dir;
+}
+
+// The clip looped with stream copy to about 1 GB at `big`, made once; the
+// extra arguments come before the output (its format, say).
+inline bool loopToGigabyte(const QString &clip, const QString &big, const QStringList &extra = {})
+{
+    constexpr qint64 kTarget = 1000000000;
+    if (QFile::exists(big))
+        return true;
+    const qint64 clipSize = QFileInfo(clip).size();
+    if (clipSize <= 0)
+        return false;
+    std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
+    const qint64 loops = (kTarget + clipSize - 1) / clipSize;
+    const QString part = big + ".part." + QFileInfo(big).suffix();
+    return ffmpeg(QStringList{"-stream_loop", QString::number(loops - 1), "-i", clip, "-map", "0", "-c", "copy"} + extra
+                  + QStringList{part})
+           && QFile::rename(part, big);
+}
+
+inline long peakMemoryMb()
+{
+    struct rusage ru;
+    getrusage(RUSAGE_SELF, &ru);
+    return ru.ru_maxrss / 1024;
 }
 
 } // namespace bench

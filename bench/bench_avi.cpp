@@ -13,7 +13,6 @@
 #include <unistd.h>
 
 namespace {
-constexpr qint64 kTarget = 1000000000;
 
 // Cuts the file before its last "idx1": a recording that stopped before its index.
 bool cutIndex(const QString &path)
@@ -36,33 +35,23 @@ bool cutIndex(const QString &path)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: vm-bench-avi FOLDER\n");
+    const QString dir = bench::folderArgument(argc, argv, "vm-bench-avi");
+    if (dir.isEmpty())
         return 2;
-    }
-    const QString dir = QString::fromLocal8Bit(argv[1]);
-    QDir().mkpath(dir);
     const QString clip = dir + "/avi-clip.avi", big = dir + "/bench-avi-1g.avi";
     if (!QFile::exists(clip)
         && !bench::ffmpeg({"-f", "lavfi", "-i", "testsrc2=size=1280x720:rate=25:duration=20", "-f", "lavfi", "-i",
                            "anoisesrc=d=20:c=pink:a=0.2:r=44100", "-c:v", "mpeg4", "-vtag", "XVID", "-q:v", "3",
                            "-c:a", "libmp3lame", "-b:a", "192k", clip}))
         return 1;
-    if (!QFile::exists(big)) {
-        std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
-        const int loops = int((kTarget + QFileInfo(clip).size() - 1) / QFileInfo(clip).size());
-        const QString part = big + ".part.avi";
-        if (!bench::ffmpeg({"-stream_loop", QString::number(loops - 1), "-i", clip, "-c", "copy", part})
-            || !cutIndex(part) || !QFile::rename(part, big))
-            return 1;
-    }
+    const QString whole = dir + "/avi-1g-whole.avi";
+    if (!QFile::exists(big) && (!bench::loopToGigabyte(clip, whole) || !cutIndex(whole) || !QFile::rename(whole, big)))
+        return 1;
     ::sync();
     const double secs = bench::timedRepair(big, QString(), dir), mb = QFileInfo(big).size() / 1e6;
-    struct rusage ru;
-    getrusage(RUSAGE_SELF, &ru);
     const QString result = dir + "/Repaired/" + QFileInfo(big).fileName();
     std::printf("avi repair: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, result %.1f MB\n", mb, secs, mb / secs,
-                ru.ru_maxrss / 1024, QFileInfo(result).size() / 1e6);
+                bench::peakMemoryMb(), QFileInfo(result).size() / 1e6);
     if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
         QDir(dir + "/Repaired").removeRecursively();
     return 0;

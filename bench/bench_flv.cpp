@@ -14,17 +14,13 @@
 #include "bench/BenchSupport.h"
 
 namespace {
-constexpr qint64 kTarget = 1000000000;
-
 // The loops of the clip, with the file head and its script tag zeroed.
 bool makeBig(const QString &clip, const QString &big)
 {
     if (QFileInfo::exists(big))
         return true;
-    std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
-    const qint64 loops = (kTarget + QFileInfo(clip).size() - 1) / QFileInfo(clip).size();
-    const QString part = big + ".part.flv";
-    if (!bench::ffmpeg({"-stream_loop", QString::number(loops - 1), "-i", clip, "-c", "copy", part}))
+    const QString part = big + ".whole.flv";
+    if (!bench::loopToGigabyte(clip, part))
         return false;
     QFile f(part);
     if (!f.open(QIODevice::ReadWrite))
@@ -40,12 +36,9 @@ bool makeBig(const QString &clip, const QString &big)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: vm-bench-flv FOLDER\n");
+    const QString dir = bench::folderArgument(argc, argv, "vm-bench-flv");
+    if (dir.isEmpty())
         return 2;
-    }
-    const QString dir = QString::fromLocal8Bit(argv[1]);
-    QDir().mkpath(dir);
     const QString clip = dir + "/flv-clip.flv", big = dir + "/bench-flv-1g.flv";
     if (!QFile::exists(clip)
         && !bench::ffmpeg({"-f", "lavfi", "-i", "testsrc2=size=640x360:rate=25:duration=20", "-f", "lavfi", "-i",
@@ -56,11 +49,9 @@ int main(int argc, char **argv)
         return 1;
     ::sync();
     const double secs = bench::timedRepair(big, QString(), dir), mb = QFileInfo(big).size() / 1e6;
-    struct rusage ru;
-    getrusage(RUSAGE_SELF, &ru);
     const QString result = dir + "/Repaired/" + QFileInfo(big).fileName();
     std::printf("flv: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, tags %llu video + %llu sound, result %.1f MB\n",
-                mb, secs, mb / secs, ru.ru_maxrss / 1024, (unsigned long long)pApp.carve.videoUnits,
+                mb, secs, mb / secs, bench::peakMemoryMb(), (unsigned long long)pApp.carve.videoUnits,
                 (unsigned long long)pApp.carve.soundFrames, QFileInfo(result).size() / 1e6);
     if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
         QDir(dir + "/Repaired").removeRecursively();

@@ -19,26 +19,19 @@
 #include <unistd.h>
 
 namespace {
-constexpr qint64 kTarget = 1000000000;
-
 void report(const char *what, double mb, double secs, qint64 written)
 {
-    struct rusage ru;
-    getrusage(RUSAGE_SELF, &ru);
     std::printf("%s: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, written %.1f MB\n", what, mb, secs, mb / secs,
-                ru.ru_maxrss / 1024, written / 1e6);
+                bench::peakMemoryMb(), written / 1e6);
 }
 } // namespace
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: vm-bench-mkv FOLDER\n");
+    const QString dir = bench::folderArgument(argc, argv, "vm-bench-mkv");
+    if (dir.isEmpty())
         return 2;
-    }
-    const QString dir = QString::fromLocal8Bit(argv[1]);
-    QDir().mkpath(dir);
     const QString clip = dir + "/mkv-clip.mkv", big = dir + "/bench-mkv-1g.mkv";
     if (!QFile::exists(clip)
         && !bench::ffmpeg({"-f", "lavfi", "-i", "testsrc2=size=1280x720:rate=25:duration=20", "-f", "lavfi", "-i",
@@ -46,15 +39,8 @@ int main(int argc, char **argv)
                            "25", "-pix_fmt", "yuv420p", "-c:a", "aac", "-b:a", "128k", "-ac", "2", "-write_crc32",
                            "0", clip}))
         return 1;
-    if (!QFile::exists(big)) {
-        std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
-        const int loops = int((kTarget + QFileInfo(clip).size() - 1) / QFileInfo(clip).size());
-        const QString part = big + ".part.mkv";
-        if (!bench::ffmpeg({"-stream_loop", QString::number(loops - 1), "-i", clip, "-c", "copy", "-write_crc32", "0",
-                            part})
-            || !QFile::rename(part, big))
-            return 1;
-    }
+    if (!bench::loopToGigabyte(clip, big, {"-write_crc32", "0"}))
+        return 1;
     ::sync();
     const double mb = QFileInfo(big).size() / 1e6;
     const std::atomic<bool> stop{false};

@@ -16,42 +16,12 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
-namespace {
-constexpr qint64 kTarget = 1000000000;
-
-// The clip looped to about 1 GB, in the container the extra arguments name.
-bool loopTo1G(const QString &clip, const QString &big, const QStringList &format)
-{
-    if (QFile::exists(big))
-        return true;
-    std::printf("Making %s (1 GB, once)...\n", qPrintable(big));
-    const qint64 clipSize = QFileInfo(clip).size();
-    if (clipSize <= 0)
-        return false;
-    const int loops = int((kTarget + clipSize - 1) / clipSize);
-    const QString part = big + ".part";
-    return bench::ffmpeg(QStringList{"-stream_loop", QString::number(loops - 1), "-i", clip, "-map", "0", "-c", "copy"}
-                         + format + QStringList{part})
-           && QFile::rename(part, big);
-}
-
-long peakMb()
-{
-    struct rusage ru;
-    getrusage(RUSAGE_SELF, &ru);
-    return ru.ru_maxrss / 1024;
-}
-} // namespace
-
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    if (argc != 2) {
-        std::fprintf(stderr, "usage: vm-bench-ts FOLDER\n");
+    const QString dir = bench::folderArgument(argc, argv, "vm-bench-ts");
+    if (dir.isEmpty())
         return 2;
-    }
-    const QString dir = QString::fromLocal8Bit(argv[1]);
-    QDir().mkpath(dir);
     const QString mtsClip = dir + "/ts-clip.MTS", tsClip = dir + "/ts-clip.ts";
     const QString bigMts = dir + "/bench-ts-1g.MTS", bigTs = dir + "/bench-ts-1g.mov";
     const QStringList source = {"-f", "lavfi", "-i", "testsrc2=size=1280x720:rate=25:duration=20", "-f", "lavfi",
@@ -61,15 +31,15 @@ int main(int argc, char **argv)
          && !bench::ffmpeg(source + QStringList{"-c:a", "ac3", "-f", "mpegts", "-mpegts_m2ts_mode", "1", mtsClip}))
         || (!QFile::exists(tsClip) && !bench::ffmpeg(source + QStringList{"-c:a", "aac", "-f", "mpegts", tsClip})))
         return 1;
-    if (!loopTo1G(mtsClip, bigMts, {"-f", "mpegts", "-mpegts_m2ts_mode", "1"})
-        || !loopTo1G(tsClip, bigTs, {"-f", "mpegts"}))
+    if (!bench::loopToGigabyte(mtsClip, bigMts, {"-f", "mpegts", "-mpegts_m2ts_mode", "1"})
+        || !bench::loopToGigabyte(tsClip, bigTs, {"-f", "mpegts"}))
         return 1;
 
     ::sync();
     double secs = bench::timedRepair(bigMts, QString(), dir), mb = QFileInfo(bigMts).size() / 1e6;
     const QString result = dir + "/Repaired/" + QFileInfo(bigMts).fileName();
     std::printf("mts filter: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, result %.1f MB\n", mb, secs,
-                mb / secs, peakMb(), QFileInfo(result).size() / 1e6);
+                mb / secs, bench::peakMemoryMb(), QFileInfo(result).size() / 1e6);
     QFile::remove(result);
 
     BufferedReader src;
@@ -87,7 +57,7 @@ int main(int argc, char **argv)
     secs = clock.nsecsElapsed() / 1e9;
     mb = src.size() / 1e6;
     std::printf("ts demux: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, video %.1f MB, %llu ADTS frames\n", mb,
-                secs, mb / secs, peakMb(), r.videoBytes / 1e6, static_cast<unsigned long long>(r.audioFrames));
+                secs, mb / secs, bench::peakMemoryMb(), r.videoBytes / 1e6, static_cast<unsigned long long>(r.audioFrames));
     QFile::remove(video.fileName());
     QFile::remove(audio.fileName());
     if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))

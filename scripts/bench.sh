@@ -132,6 +132,8 @@ catspeed "$dir/bench-mkv-1g.mkv"
 "$bin/bench/vm-bench-mkv" "$dir" >> "$dir/mkv.log" 2>&1
 for what in "mkv rebuild" "mkv carve"; do
   grep "^$what:" "$dir/mkv.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
+    END { print line }'
+done
 # The transport-stream paths without ffmpeg: the MTS filter and the
 # demultiplexer of a transport stream named .mov, beside cat; best of two.
 "$bin/bench/vm-bench-ts" "$dir" > "$dir/ts.log" 2>&1 || { cat "$dir/ts.log"; exit 1; }
