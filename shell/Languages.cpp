@@ -1,5 +1,7 @@
 #include "Languages.h"
 
+#include "Brand.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QTranslator>
@@ -54,7 +56,8 @@ QString MenuText(int n)
 QString Folder(const QString &appDir, int n)
 {
     const Language *l = ByType(n);
-    return l ? appDir + "/VideoTranslation/" + l->folder : QString();
+    return l ? appDir + "/VideoTranslation/" + QString::fromUtf8(brand::Current().translationSub) + l->folder
+             : QString();
 }
 
 bool Install(int n, const QString &appDir)
@@ -70,7 +73,10 @@ bool Install(int n, const QString &appDir)
         return false;
     const QString folder = Folder(appDir, n);
     auto own = std::make_unique<QTranslator>();
-    const bool ownLoaded = own->load(l->ownFile, folder);
+    // A variant that forces its language may bring its own wording of it.
+    const MarketRow &market = brand::Market();
+    const char *ownFile = market.forcedLanguage == n && market.ownFileOverride ? market.ownFileOverride : l->ownFile;
+    const bool ownLoaded = own->load(ownFile, folder);
     if (ownLoaded) {
         QCoreApplication::installTranslator(own.get());
         g_own = std::move(own);
@@ -93,6 +99,12 @@ QString HelpPage(const QString &appDir, int n, HelpTopic topic)
             return own;
     }
     return appDir + "/help/EN/" + file;
+}
+
+QString HelpFile(const QString &appDir, int n)
+{
+    const Language *l = ByType(n);
+    return l ? appDir + "/HelpVideo_" + l->folder + ".html" : QString();
 }
 
 } // namespace languages

@@ -182,7 +182,7 @@ void VideoRepairWindow::OnRepairMOVFiles()
     // Made anew on each run, as it always was: after n runs a double click runs the slot n times.
     connect(pRepairList, &QTreeWidget::itemDoubleClicked, this, &VideoRepairWindow::OnDoubleClicked);
     RetranslateAll();
-    label_2->setText(startup::kProductName);
+    label_2->setText(startup::ProductName());
     label_2->setFont(look::TitleFont());
 
     ClearRepairRows();
@@ -520,7 +520,7 @@ void VideoRepairWindow::OnRepairFinish()
     Select_All->setChecked(true);
     Select_All->setEnabled(true);
     UpdateBtn_1->setEnabled(true);
-    UpdateBtn_2->setEnabled(kBrand == Brand::Second);
+    UpdateBtn_2->setEnabled(brand::Current().updateAfterRun);
     saveBtn->show();
     startup::PlayerProcess()->close();
     pRepairList->setEnabled(true);

@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QProcess>
+#include <QSettings>
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
@@ -38,9 +39,6 @@ const QStringList kSuffixes = {
     "MOV", "mov", "Mp4", "MP4", "mp4", "m4v", "M4V", "3GP", "3gp", "MTS", "mts", "3G2", "3g2",
     "F4V", "f4v", "asf", "RSV", "rsv", "ASF", "wmv", "WMV", "AVI", "avi", "divx", "DIVX", "FLV",
     "flv", "MPG", "mpg", "MPEG", "mpeg", "MKV", "mkv", "WEBM", "webm", "DAT", "dat", "VOC", "voc"};
-
-const char kDateFormat[] = "ddd MMM dd yyyy hh:mm:ss";
-const char kDateFormatJapan[] = "yyyy MMM dd ddd hh:mm:ss";
 
 // right | horizontal centre | vertical centre: the value the size column always had.
 constexpr int kSizeAlignment = 134;
@@ -369,8 +367,8 @@ void VideoRepairWindow::changeEvent(QEvent *event)
 void VideoRepairWindow::RetranslateAll()
 {
     retranslateUi(this);
-    ProductLabl_1->setText(startup::kProductName);
-    label_2->setText(startup::kProductName);
+    ProductLabl_1->setText(startup::ProductName());
+    label_2->setText(startup::ProductName());
     const QString languageText = languages::ByType(nLanguage) ? languages::MenuText(nLanguage) : tr("Languages");
     for (QPushButton *b : {LanguageBtn_1, LanguageBtn_2})
         b->setText(languageText + QStringLiteral(" \u25BE"));
@@ -533,7 +531,7 @@ void VideoRepairWindow::AddFileRow(const QString &path)
 {
     const QFileInfo info(path);
     const QFileIconProvider icons;
-    const QString dateFormat = kMarketVariant == MarketVariant::Japan ? kDateFormatJapan : kDateFormat;
+    const QString dateFormat = QString::fromLatin1(brand::Market().dateFormat);
     const QDateTime created = info.birthTime().isValid() ? info.birthTime() : info.metadataChangeTime();
 
     auto *item = new QTreeWidgetItem(pFileList);
@@ -713,9 +711,24 @@ QString VideoRepairWindow::HelpPagePath() const
     return languages::HelpPage(shellApp.strAppDir, nLanguage, topic);
 }
 
+QUrl VideoRepairWindow::HelpUrl() const
+{
+    if (const char *key = brand::Market().helpLinkKey) {
+        const QUrl page(startup::OpenSettings()->value(key).toString().trimmed());
+        return page.scheme() == "http" || page.scheme() == "https" ? page : QUrl();
+    }
+    if (brand::Current().help == HelpKind::LanguageFile) {
+        const QString file = languages::HelpFile(shellApp.strAppDir, nLanguage);
+        return QFileInfo(file).isFile() ? QUrl::fromLocalFile(file) : QUrl();
+    }
+    return QUrl::fromLocalFile(HelpPagePath());
+}
+
 void VideoRepairWindow::OpenHelp()
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(HelpPagePath()));
+    const QUrl url = HelpUrl();
+    if (!url.isEmpty())
+        QDesktopServices::openUrl(url);
 }
 
 void VideoRepairWindow::CloseProcess() { close(); }

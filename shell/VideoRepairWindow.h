@@ -18,6 +18,7 @@
 #include <QPoint>
 #include <QSet>
 #include <QStringList>
+#include <QUrl>
 #include <QWidget>
 #include <atomic>
 #include <memory>
@@ -73,6 +74,9 @@ public:
     void SetDestPath(const QString &folder);
     void StartFadeIn();
     QString HelpPagePath() const;
+    // What help opens: the variant's link, the brand's language file, or
+    // the topic page; empty when there is nothing to open.
+    QUrl HelpUrl() const;
     ThreadVideoRepair &RepairThread() { return m_repairThread; }
     // Looks for a newer version: silently after start-up, aloud from the
     // update buttons. An offer or download already open comes to the front.

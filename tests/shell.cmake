@@ -6,6 +6,7 @@ endif()
 foreach(name tst_shell_startup tst_shell_addpage tst_shell_run tst_shell_sample tst_shell_save tst_shell_preview)
   vm_add_test(${name})
   target_link_libraries(${name} PRIVATE videomend_shell)
+  videomend_pick_look(${name} ${VIDEOMEND_BRAND} ${VIDEOMEND_MARKET})
   target_compile_definitions(${name} PRIVATE
     VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>"
     VM_VIDEOMEND_PATH="$<TARGET_FILE:videomend>")
@@ -30,10 +31,12 @@ endif()
 # The software update against a loopback server.
 vm_add_test(tst_update)
 target_link_libraries(tst_update PRIVATE videomend_shell)
+videomend_pick_look(tst_update ${VIDEOMEND_BRAND} ${VIDEOMEND_MARKET})
 target_compile_definitions(tst_update PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>")
 # The translations: their sources, the fonts that draw them and the compiled files.
 vm_add_test(tst_translations)
 target_link_libraries(tst_translations PRIVATE videomend_shell)
+videomend_pick_look(tst_translations ${VIDEOMEND_BRAND} ${VIDEOMEND_MARKET})
 target_compile_definitions(tst_translations PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>"
   VM_TRANSLATIONS_SRC="${CMAKE_SOURCE_DIR}/resources/translations")
 add_dependencies(tst_translations videomend_data)
