@@ -26,14 +26,4 @@ const MarketRow kMarkets[kMarketCount] = {
     {MarketVariant::China, "China", 6, nullptr, false, UpdateWay::OpenLink, kDateFormat, "CN/HelpLink_CN", 1.1f},
 };
 
-bool HasLanguageMenu()
-{
-    return Current().languageButton && Market().languageMenu;
-}
-
-bool HasUpdateButton()
-{
-    return Market().update != UpdateWay::None;
-}
-
 } // namespace brand

@@ -67,8 +67,8 @@ const BrandRow &Current();
 const MarketRow &Market();
 
 // The language button and its menus: the brand and the variant both allow them.
-bool HasLanguageMenu();
+inline bool HasLanguageMenu() { return Current().languageButton && Market().languageMenu; }
 // The update button: not in a variant that never updates.
-bool HasUpdateButton();
+inline bool HasUpdateButton() { return Market().update != UpdateWay::None; }
 
 } // namespace brand

@@ -1,5 +1,6 @@
 #include "Dialogs.h"
 
+#include "Brand.h"
 #include "Look.h"
 #include "Startup.h"
 #include "repair/RepairState.h"
@@ -99,7 +100,13 @@ PromptDialog::PromptDialog(QWidget *parent, Icon icon, const QStringList &button
     IconLabl->setObjectName("IconLabl");
     IconLabl->setAlignment(Qt::AlignCenter);
     IconLabl->setFixedSize(look::Scaled(36, s), look::Scaled(36, s));
-    IconLabl->setStyleSheet(look::BadgeStyle(s));
+    const QString image = icon == Icon::Info ? look::DialogIconSheet(brand::Current(), s) : QString();
+    if (image.isEmpty()) {
+        IconLabl->setStyleSheet(look::BadgeStyle(s));
+    } else {
+        IconLabl->setText(QString());
+        IconLabl->setStyleSheet(image);
+    }
 
     TextLabl = new QLabel(this);
     TextLabl->setObjectName("TextLabl");

@@ -1,8 +1,11 @@
 #include "Languages.h"
 
 #include "Brand.h"
+#include "Startup.h"
 
 #include <QCoreApplication>
+#include <QSettings>
+#include <QUrl>
 #include <QFileInfo>
 #include <QTranslator>
 #include <memory>
@@ -105,6 +108,26 @@ QString HelpFile(const QString &appDir, int n)
 {
     const Language *l = ByType(n);
     return l ? appDir + "/HelpVideo_" + l->folder + ".html" : QString();
+}
+
+QUrl HelpUrl(const QString &appDir, int n, HelpTopic topic)
+{
+    if (const char *key = brand::Market().helpLinkKey) {
+        const QUrl page(startup::OpenSettings()->value(key).toString().trimmed());
+        return page.scheme() == "http" || page.scheme() == "https" ? page : QUrl();
+    }
+    if (brand::Current().help == HelpKind::LanguageFile) {
+        const QString file = HelpFile(appDir, n);
+        return QFileInfo(file).isFile() ? QUrl::fromLocalFile(file) : QUrl();
+    }
+    return QUrl::fromLocalFile(HelpPage(appDir, n, topic));
+}
+
+QString LicensePage(const QString &appDir, int n)
+{
+    const Language *l = ByType(n);
+    const QString own = l ? appDir + "/help/" + l->folder + "/license.html" : QString();
+    return l && QFileInfo::exists(own) ? own : appDir + "/help/EN/license.html";
 }
 
 } // namespace languages

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class QUrl;
+
 namespace languages {
 
 constexpr int kCount = 11;
@@ -37,5 +39,10 @@ enum class HelpTopic { About, AddingFiles, Repairing, AdvancedRepair, PreviewAnd
 QString HelpPage(const QString &appDir, int n, HelpTopic topic);
 // The one help file of a language, for brands that ship one: <appDir>/HelpVideo_<XX>.html.
 QString HelpFile(const QString &appDir, int n);
+// What help opens: the market variant's link, the brand's language file, or
+// the topic's page; empty when there is nothing to open.
+QUrl HelpUrl(const QString &appDir, int n, HelpTopic topic);
+// The licence page of the language, English where it has none.
+QString LicensePage(const QString &appDir, int n);
 
 } // namespace languages

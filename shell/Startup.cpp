@@ -171,6 +171,7 @@ int Run(int argc, char **argv)
     // 5.
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     QApplication app(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VM_VERSION));
     app.processEvents();
 
     // 6-7.

@@ -40,6 +40,7 @@ public:
         dialog->setStyleSheet(look::StyleSheet());
         look::ScaleForm(dialog, scale);
         dialog->setFixedSize(look::Scaled(designWidth, scale), look::Scaled(designHeight, scale));
+        look::DragByAnyPress(dialog);
     }
     void QuitForUpdate() override { m_window->EndForUpdate(); }
 

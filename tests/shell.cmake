@@ -14,6 +14,27 @@ foreach(name tst_shell_startup tst_shell_addpage tst_shell_run tst_shell_sample 
 endforeach()
 set_tests_properties(tst_shell_run tst_shell_sample tst_shell_save PROPERTIES FIXTURES_REQUIRED media)
 
+# The look, once per brand and market variant: the same test linked with each row.
+foreach(pick Halvern:None Quorrel:None Tessalvane:None Halvern:Japan Halvern:Korea Halvern:China)
+  string(REPLACE ":" ";" pick ${pick})
+  list(GET pick 0 brand)
+  list(GET pick 1 market)
+  if(market STREQUAL "None")
+    set(name tst_shell_look_${brand})
+  else()
+    set(name tst_shell_look_${market})
+  endif()
+  string(TOLOWER ${name} name)
+  add_executable(${name} tst_shell_look.cpp)
+  target_link_libraries(${name} PRIVATE vm_test_support videomend_shell)
+  videomend_pick_look(${name} ${brand} ${market})
+  target_compile_definitions(${name} PRIVATE VM_SHELL_DIR="$<TARGET_FILE_DIR:videomend>")
+  add_dependencies(${name} videomend_data)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=0")
+endforeach()
+
 # The installed layout: a valid desktop entry, with the program, icon and
 # data where it and the program look for them.
 find_program(VM_DESKTOP_FILE_VALIDATE desktop-file-validate)
