@@ -122,9 +122,9 @@ void AboutDlg::Retranslate()
 {
     TitleLabl->setText(tr("About"));
     ProductLabl->setText(startup::ProductName().trimmed());
-    VersionLabl->setText(tr("Version %1").arg(QCoreApplication::applicationVersion()));
+    VersionLabl->setText(tr("Version %1").arg(QStringLiteral(VM_VERSION)));
     SystemLabl->setText(tr("System: %1").arg(SystemLine()));
     findChild<QPushButton *>("LicenseBtn")->setText(tr("License"));
     findChild<QPushButton *>("SupportBtn")->setText(tr("Support"));
-    findChild<QPushButton *>("OkBtn")->setText(tr("OK"));
+    findChild<QPushButton *>("OkBtn")->setText(QCoreApplication::translate("MessageDlg", "OK"));
 }

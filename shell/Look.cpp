@@ -149,8 +149,10 @@ QHash<QString, QString> ImageSheets(const BrandRow &brand, const QString &folder
         sheets.insert(button.first, QStringLiteral("QPushButton {image: url(%1);}QPushButton:disabled {image: url(%2);}")
                                         .arg(path(QString::fromLatin1(button.second) + ".png"),
                                              path(QString::fromLatin1(button.second) + "Dis.png")));
+    // The image draws the button's frame: the common sheet's dashed border goes.
     sheets.insert("add_filebtn",
-                  QStringLiteral("QPushButton:enabled {border-image: url(%1);}QPushButton:pressed {border-image: url(%2)}")
+                  QStringLiteral("QPushButton {border: none; background: transparent;}"
+                                 "QPushButton:enabled {border-image: url(%1);}QPushButton:pressed {border-image: url(%2)}")
                       .arg(path("Add file" + AddImageCode(language, false) + ".png"),
                            path("Add filepress" + AddImageCode(language, true) + ".png")));
     const QString logo = QStringLiteral("QLabel {image: url(%1);}").arg(path("img_Product.png"));

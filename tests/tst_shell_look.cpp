@@ -335,6 +335,9 @@ private Q_SLOTS:
             shoot(&w, "list");
             w.OnRepairMOVFiles();
             shoot(&w, "run");
+            AboutDlg about(&w);
+            about.show();
+            shoot(&about, "about");
         }
     }
 };
