@@ -63,6 +63,7 @@ VideoRepairWindow::VideoRepairWindow(QWidget *parent) : QWidget(parent)
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(look::StyleSheet());
     setWindowIcon(look::ProductIcon());
+    setWindowTitle(startup::ProductName().trimmed());
 
     // Fixed fonts and looks of the form.
     label_5->setFont(look::Font("Segoe UI semibold", 14, true));

@@ -7,7 +7,6 @@
 #include "Languages.h"
 #include "Look.h"
 #include "PopupMenu.h"
-#include "SingleInstance.h"
 #include "shell_support.h"
 
 #include <QCheckBox>
@@ -21,17 +20,19 @@ namespace {
 
 struct BrandExpect
 {
-    const char *name, *title, *settingsFile, *translationFolder;
+    const char *name, *title, *settingsFile, *translationFolder, *updateStem, *logo, *info;
     bool languageButton;
     const char *stopColour; // nullptr: the common accent
     int stripItems;         // without a market variant
 };
 const BrandExpect kBrandExpects[] = {
-    {"Halvern", "Halvern Videomend ", "Halvern Works/Halvern Videomend.conf", "/VideoTranslation/EN", true, nullptr, 8},
-    {"Quorrel", "Quorrel Videomend ", "Quorrel Works/Quorrel Videomend.conf", "/VideoTranslation/Quorrel/EN", true,
-     nullptr, 8},
+    {"Halvern", "Halvern Videomend ", "Halvern Works/Halvern Videomend.conf", "/VideoTranslation/EN",
+     "HalvernVideomend", ":/images/96-DPI/img_CompanyLogo.png", ":/images/96-DPI/Info.png", true, nullptr, 8},
+    {"Quorrel", "Quorrel Videomend ", "Quorrel Works/Quorrel Videomend.conf", "/VideoTranslation/Quorrel/EN",
+     "QuorrelVideomend", ":/images/96-DPI/img_CompanyLogoQuorrel.png", ":/images/96-DPI/Info.png", true, nullptr, 8},
     {"Tessalvane", "Tessalvane Videomend", "Tessalvane Works/Tessalvane Videomend.conf",
-     "/VideoTranslation/Tessalvane/EN", false, "#e31f26", 6},
+     "/VideoTranslation/Tessalvane/EN", "TessalvaneVideomend", ":/images/Tessalvane/96-DPI/img_CompanyLogo.png",
+     ":/images/Tessalvane/96-DPI/Info1.png", false, "#e31f26", 6},
 };
 
 struct MarketExpect
@@ -137,8 +138,10 @@ private Q_SLOTS:
         TestWindow w;
         QCOMPARE(w.ProductLabl_1->text(), QString(b.title));
         QCOMPARE(w.label_2->text(), QString(b.title));
+        QCOMPARE(w.windowTitle(), QString(b.title).trimmed());
         QVERIFY(startup::OpenSettings()->fileName().endsWith(b.settingsFile));
-        QVERIFY(SingleInstance::UserServerName().startsWith("videomend-"));
+        QCOMPARE(startup::UpdateFileStem(), QString(b.updateStem));
+        QVERIFY(w.pMessageDlg->findChild<QLabel *>("IconLabl")->styleSheet().contains(b.info));
         QVERIFY(languages::Folder("/app", 0).endsWith(b.translationFolder));
         QCOMPARE(w.StripItems(1).contains(w.LanguageBtn_1), b.languageButton && m.languageMenu);
         QCOMPARE(w.LanguageBtn_1->menu() != nullptr, b.languageButton && m.languageMenu);
@@ -157,6 +160,7 @@ private Q_SLOTS:
         QVERIFY(!w.MoreToolsBtn_1->isEnabled() && w.MoreToolsBtn_1->menu()->isEmpty());
         AboutDlg about;
         QVERIFY(about.ProductLabl->text() == QString(b.title).trimmed());
+        QVERIFY(about.LogoLabl->styleSheet().contains(b.logo));
         QVERIFY(about.SystemLabl->text().contains(QSysInfo::kernelVersion()));
         QVERIFY(QFileInfo(about.LicenseUrl().toLocalFile()).isFile());
     }
@@ -223,8 +227,10 @@ private Q_SLOTS:
             w.pToolbarTimer->stop();
             for (int tick = 1; tick <= ticksToStop; ++tick) {
                 QVERIFY2(w.pToolbarTimer, qPrintable(QString("stopped before tick %1").arg(tick)));
-                if (tick == 7)
-                    QMetaObject::invokeMethod(&w, kLanguageSlots[1]); // German, mid-strip
+                if (tick == 7) {
+                    QMetaObject::invokeMethod(&w, kLanguageSlots[checked ? 0 : 1]); // mid-strip
+                    QCOMPARE(w.nLanguage, checked ? 0 : 1);
+                }
                 w.OnToolBarTimerSlot();
                 const int done = qMin(tick / 2, items);
                 const QString expect = checked ? QString(done, '1') + QString(items - done, '0')
@@ -257,6 +263,11 @@ private Q_SLOTS:
         AboutDlg about(&w);
         about.show();
         QVERIFY(Drags(&about, {about.width() / 2, about.height() - 10}));
+        QDialog update; // the update dialogs are dressed with this
+        look::DragByAnyPress(&update);
+        update.resize(300, 200);
+        update.show();
+        QVERIFY(Drags(&update, {150, 150}));
 
         for (float scale : {1.0f, 2.0f}) {
             for (bool right : {false, true}) {
