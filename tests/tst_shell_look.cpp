@@ -5,11 +5,11 @@
 #include "AboutDlg.h"
 #include "Brand.h"
 #include "Languages.h"
+#include "Layouts.h"
 #include "Look.h"
 #include "PopupMenu.h"
 #include "shell_support.h"
 
-#include <QCheckBox>
 #include <QImage>
 #include <QLabel>
 #include <QMouseEvent>
@@ -51,20 +51,15 @@ const MarketExpect kMarketExpects[] = {
     {"China", 6, false, true, "Wed Mar 04 2026 15:16:17", "CN/HelpLink_CN", {6, 22}},
 };
 
-const BrandExpect &ThisBrand()
+template <class Row, size_t N> const Row &Pick(const Row (&rows)[N], const char *name)
 {
-    for (const BrandExpect &e : kBrandExpects)
-        if (qstrcmp(e.name, brand::Current().name) == 0)
-            return e;
-    return kBrandExpects[0];
+    for (const Row &r : rows)
+        if (qstrcmp(r.name, name) == 0)
+            return r;
+    return rows[0];
 }
-const MarketExpect &ThisMarket()
-{
-    for (const MarketExpect &e : kMarketExpects)
-        if (qstrcmp(e.name, brand::Market().name) == 0)
-            return e;
-    return kMarketExpects[0];
-}
+const BrandExpect &ThisBrand() { return Pick(kBrandExpects, brand::Current().name); }
+const MarketExpect &ThisMarket() { return Pick(kMarketExpects, brand::Market().name); }
 
 int StripItems()
 {
@@ -76,20 +71,18 @@ const char *const kLanguageSlots[languages::kCount] = {
     "LoadSpanishLanguages", "LoadJapaneseLanguages", "LoadChineseLanguages", "LoadKoreanLanguages",
     "LoadDutchLanguages", "LoadBrazilLanguages", "LoadHindiLanguages"};
 
-void SendMouse(QWidget *w, QEvent::Type type, QPoint local, Qt::MouseButtons buttons)
-{
-    QMouseEvent e(type, local, w->mapToGlobal(local), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
-                  buttons, Qt::NoModifier);
-    QApplication::sendEvent(w, &e);
-}
-
 // Drags by (40, 25) from `at`; true if the window followed.
 bool Drags(QWidget *w, QPoint at)
 {
-    const QPoint before = w->pos();
-    SendMouse(w, QEvent::MouseButtonPress, at, Qt::LeftButton);
-    SendMouse(w, QEvent::MouseMove, at + QPoint(40, 25), Qt::LeftButton);
-    SendMouse(w, QEvent::MouseButtonRelease, at + QPoint(40, 25), Qt::NoButton);
+    const QPoint before = w->pos(), to = at + QPoint(40, 25);
+    const auto send = [w](QEvent::Type type, QPoint local, Qt::MouseButtons buttons) {
+        QMouseEvent e(type, local, w->mapToGlobal(local), type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton,
+                      buttons, Qt::NoModifier);
+        QApplication::sendEvent(w, &e);
+    };
+    send(QEvent::MouseButtonPress, at, Qt::LeftButton);
+    send(QEvent::MouseMove, to, Qt::LeftButton);
+    send(QEvent::MouseButtonRelease, to, Qt::NoButton);
     const bool moved = w->pos() == before + QPoint(40, 25);
     w->move(before);
     return moved;
@@ -127,6 +120,8 @@ private Q_SLOTS:
         const MarketExpect &m = ThisMarket();
         startup::WriteLanguage(0);
         QCOMPARE(startup::ReadLanguage(), m.language >= 0 ? m.language : 0);
+        if (m.language >= 0) // the variant's own translation file is built and found
+            QVERIFY(languages::Install(m.language, VM_SHELL_DIR));
         QTemporaryDir dir;
         const QString clip = dir.filePath("clip.mov");
         writeBytes(clip, "x");
@@ -156,6 +151,11 @@ private Q_SLOTS:
             startup::OpenSettings()->setValue(m.helpKey, "https://help.example/videomend");
             QCOMPARE(w.HelpUrl(), QUrl("https://help.example/videomend"));
         }
+        // Every widget of both pages has its rectangle.
+        for (QFrame *page : {w.AddFile_frame, w.frame_2})
+            for (QWidget *c : page->findChildren<QWidget *>(QString(), Qt::FindDirectChildrenOnly))
+                QVERIFY2(c->inherits("QTreeView") || layouts::Find(layouts::For(0, true), qPrintable(c->objectName())),
+                         qPrintable(c->objectName()));
         // "More Tools" has no companion programs to offer.
         QVERIFY(!w.MoreToolsBtn_1->isEnabled() && w.MoreToolsBtn_1->menu()->isEmpty());
         AboutDlg about;
