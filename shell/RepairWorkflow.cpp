@@ -158,6 +158,7 @@ void VideoRepairWindow::OnRepairMOVFiles()
     CreateMenuBar2();
     UpdateBtn_1->setEnabled(false);
     UpdateBtn_2->setEnabled(false);
+    EnableLanguageButtons(false);
     lstPendingPaths.clear();
     for (QWidget *w : std::initializer_list<QWidget *>{ChnageLoc_Btn_2, chnageLoc_Labl_2, MainString_labl_2,
                                                        referenceLinkBtn, Frame2_ListLabl})
@@ -521,6 +522,7 @@ void VideoRepairWindow::OnRepairFinish()
     Select_All->setEnabled(true);
     UpdateBtn_1->setEnabled(true);
     UpdateBtn_2->setEnabled(brand::Current().updateAfterRun);
+    EnableLanguageButtons(true);
     saveBtn->show();
     startup::PlayerProcess()->close();
     pRepairList->setEnabled(true);
@@ -786,6 +788,7 @@ void VideoRepairWindow::AbortedCommon()
     BackBtn->setEnabled(true);
     UpdateBtn_1->setEnabled(true);
     UpdateBtn_2->setEnabled(true);
+    EnableLanguageButtons(true);
     bApplyToAll = false;
     pStopDlg->hide();
     // Nothing of a stopped run can be saved.
@@ -927,6 +930,7 @@ void VideoRepairWindow::OnRepairRefrenceFile()
     bAdvanceRepairRunning = true;
     UpdateBtn_1->setEnabled(false);
     UpdateBtn_2->setEnabled(false);
+    EnableLanguageButtons(false);
     PercentLabl->setText("0%");
     pReferenceFileDlg->hide();
 

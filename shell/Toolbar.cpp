@@ -214,6 +214,12 @@ void VideoRepairWindow::CreateMenuBar2()
     TickLanguageMenus();
 }
 
+void VideoRepairWindow::EnableLanguageButtons(bool enabled)
+{
+    LanguageBtn_1->setEnabled(enabled);
+    LanguageBtn_2->setEnabled(enabled);
+}
+
 void VideoRepairWindow::MoreTool()
 {
     for (QPushButton *button : {MoreToolsBtn_1, MoreToolsBtn_2}) {

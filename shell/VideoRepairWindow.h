@@ -270,6 +270,8 @@ private:
     void SetPageText(PageText text);
     void SetElidedText(QLabel *label, const QString &text);
     void PlaceAfter(QWidget *left, QWidget *right, int gap);
+    // A run keeps its language: the language buttons wait for its end.
+    void EnableLanguageButtons(bool enabled);
     void StartStrip(int page);
     void StepStrip(int page);
     void SetUpBrand();

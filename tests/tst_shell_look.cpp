@@ -302,6 +302,7 @@ private Q_SLOTS:
             };
             QList<QWidget *> all = shown(w.AddFile_frame);
             w.OnRepairMOVFiles();
+            QVERIFY(!w.LanguageBtn_2->isEnabled()); // a run keeps its language
             all += shown(w.frame_2);
             const QString what = languages::MenuText(n) + ": ";
             for (QWidget *widget : all) {
