@@ -4,8 +4,9 @@
 //   svgraster <svg dir> <out dir> <qrc file> <ts>:<code>:<pressed code>...
 //
 // Colours in the SVGs are tokens (#ACCENT, #LIGHT, #PRESS) replaced by the
-// brand's palette; @NAME@ is the brand's name, @CAPTION@ and @SIZE@ the add
-// button's caption (its translation of "Add File") and a font size that fits.
+// brand's palette; @NAME@ is the brand's name, @CAPTION@ the add button's
+// caption (its translation of "Add File"), @SIZE@ a font size at which the
+// text fits.
 
 #include "Brand.h"
 
@@ -41,7 +42,7 @@ const Icon kIcons[] = {
     {"check-on.svg", "CheckOn", 16, 16, false}, {"check-off.svg", "CheckOff", 16, 16, false},
     {"check-part.svg", "CheckPart", 16, 16, false}, {"product.svg", "img_Product", 28, 28, false},
 };
-constexpr int kAddW = 160, kAddH = 150, kCaptionRoom = 140;
+constexpr int kAddW = 160, kAddH = 150, kCaptionRoom = 140, kLogoNameRoom = 78;
 constexpr char kGrey[] = "#b4bdc7";
 
 struct Folder
@@ -110,13 +111,14 @@ QString Caption(const QString &tsPath)
     return QStringLiteral("Add File");
 }
 
-int CaptionSize(const QString &caption)
+// The largest bold size up to `largest` pixels at which `text` fits `room`.
+int FittingSize(const QString &text, int room, int largest)
 {
-    for (int size = 15; size > 8; --size) {
+    for (int size = largest; size > 8; --size) {
         QFont font(QStringLiteral("DejaVu Sans"));
         font.setPixelSize(size);
         font.setBold(true);
-        if (QFontMetricsF(font).horizontalAdvance(caption) <= kCaptionRoom)
+        if (QFontMetricsF(font).horizontalAdvance(text) <= room)
             return size;
     }
     return 8;
@@ -143,7 +145,9 @@ int main(int argc, char **argv)
         for (const Folder &folder : kFolders) {
             const QString dir = root + folder.name + '/';
             // The brand's company logo lies in its root even where it shares one.
-            const QString logo = ReadText(svgDir + "/company-logo.svg").replace("@NAME@", b.name);
+            const QString logo = ReadText(svgDir + "/company-logo.svg")
+                                     .replace("@NAME@", b.name)
+                                     .replace("@SIZE@", QString::number(FittingSize(b.name, kLogoNameRoom, 15)));
             Render(Themed(logo, b.palette, false), dir + b.companyLogo, 120, 40, folder.factor);
             if (!firstOfRoot)
                 continue;
@@ -162,7 +166,8 @@ int main(int argc, char **argv)
                     continue;
                 const QString caption = Caption(parts[0]);
                 QString svg = Themed(add, b.palette, false);
-                svg.replace("@CAPTION@", caption.toHtmlEscaped()).replace("@SIZE@", QString::number(CaptionSize(caption)));
+                svg.replace("@CAPTION@", caption.toHtmlEscaped())
+                    .replace("@SIZE@", QString::number(FittingSize(caption, kCaptionRoom, 15)));
                 QString pressed = svg;
                 pressed.replace("#FACE", b.palette.light);
                 svg.replace("#FACE", "#ffffff");
