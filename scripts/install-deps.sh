@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake pkg-config zlib1g-dev
-  qtbase5-dev qttools5-dev-tools qttools5-dev
+  qtbase5-dev qttools5-dev-tools qttools5-dev libqt5svg5-dev
   ffmpeg libavcodec-extra mplayer
   xvfb xauth fonts-dejavu-core fonts-dejavu-extra qttranslations5-l10n
   fonts-noto-cjk fonts-noto-core

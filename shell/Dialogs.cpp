@@ -1,5 +1,6 @@
 #include "Dialogs.h"
 
+#include "Brand.h"
 #include "Look.h"
 #include "Startup.h"
 #include "repair/RepairState.h"
@@ -23,6 +24,19 @@ QString UiText::text() const
     for (const QString &a : args)
         s = s.arg(a);
     return s;
+}
+
+// The brand's info image of the scale's folder; the drawn badge where the
+// scale has no folder.
+static void SetInfoIcon(QLabel *label, float scale)
+{
+    const QString image = look::DialogIconSheet(brand::Current(), scale);
+    if (image.isEmpty()) {
+        label->setStyleSheet(look::BadgeStyle(scale));
+    } else {
+        label->setText(QString());
+        label->setStyleSheet(image);
+    }
 }
 
 // --- FramelessDialog ---
@@ -99,7 +113,10 @@ PromptDialog::PromptDialog(QWidget *parent, Icon icon, const QStringList &button
     IconLabl->setObjectName("IconLabl");
     IconLabl->setAlignment(Qt::AlignCenter);
     IconLabl->setFixedSize(look::Scaled(36, s), look::Scaled(36, s));
-    IconLabl->setStyleSheet(look::BadgeStyle(s));
+    if (icon == Icon::Info)
+        SetInfoIcon(IconLabl, s);
+    else
+        IconLabl->setStyleSheet(look::BadgeStyle(s));
 
     TextLabl = new QLabel(this);
     TextLabl->setObjectName("TextLabl");
@@ -267,7 +284,7 @@ repairFinishDialog::repairFinishDialog(QWidget *parent) : FramelessDialog(parent
     TextLabl->setFont(look::ListFont());
     OkBtn->setFont(look::ButtonFont());
     OkBtn->setProperty("accent", true);
-    IconLabl->setStyleSheet(look::BadgeStyle(fScale));
+    SetInfoIcon(IconLabl, fScale);
     referenceBtn->hide();
     connect(OkBtn, &QPushButton::clicked, this, &repairFinishDialog::OnOK);
     connect(referenceBtn, &QPushButton::clicked, this, &repairFinishDialog::OnReferenceBtn);
@@ -309,7 +326,7 @@ InsufficientSpaceDlg::InsufficientSpaceDlg(QWidget *parent) : FramelessDialog(pa
     }
     BrowseBtn->setProperty("accent", true);
     OkBtn->setProperty("accent", true);
-    IconLabl->setStyleSheet(look::BadgeStyle(fScale));
+    SetInfoIcon(IconLabl, fScale);
     connect(BrowseBtn, &QPushButton::clicked, this, &InsufficientSpaceDlg::OnBrowseBtn);
     connect(CancelBtn, &QPushButton::clicked, this, &InsufficientSpaceDlg::onCancel);
     connect(OkBtn, &QPushButton::clicked, this, &InsufficientSpaceDlg::OnOk);

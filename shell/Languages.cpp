@@ -1,6 +1,11 @@
 #include "Languages.h"
 
+#include "Brand.h"
+#include "Startup.h"
+
 #include <QCoreApplication>
+#include <QSettings>
+#include <QUrl>
 #include <QFileInfo>
 #include <QTranslator>
 #include <memory>
@@ -54,7 +59,8 @@ QString MenuText(int n)
 QString Folder(const QString &appDir, int n)
 {
     const Language *l = ByType(n);
-    return l ? appDir + "/VideoTranslation/" + l->folder : QString();
+    return l ? appDir + "/VideoTranslation/" + QString::fromUtf8(brand::Current().translationSub) + l->folder
+             : QString();
 }
 
 bool Install(int n, const QString &appDir)
@@ -70,7 +76,10 @@ bool Install(int n, const QString &appDir)
         return false;
     const QString folder = Folder(appDir, n);
     auto own = std::make_unique<QTranslator>();
-    const bool ownLoaded = own->load(l->ownFile, folder);
+    // A variant that forces its language may bring its own wording of it.
+    const MarketRow &market = brand::Market();
+    const char *ownFile = market.forcedLanguage == n && market.ownFileOverride ? market.ownFileOverride : l->ownFile;
+    const bool ownLoaded = own->load(ownFile, folder);
     if (ownLoaded) {
         QCoreApplication::installTranslator(own.get());
         g_own = std::move(own);
@@ -93,6 +102,32 @@ QString HelpPage(const QString &appDir, int n, HelpTopic topic)
             return own;
     }
     return appDir + "/help/EN/" + file;
+}
+
+QString HelpFile(const QString &appDir, int n)
+{
+    const Language *l = ByType(n);
+    return l ? appDir + "/HelpVideo_" + l->folder + ".html" : QString();
+}
+
+QUrl HelpUrl(const QString &appDir, int n, HelpTopic topic)
+{
+    if (const char *key = brand::Market().helpLinkKey) {
+        const QUrl page(startup::OpenSettings()->value(key).toString().trimmed());
+        return page.scheme() == "http" || page.scheme() == "https" ? page : QUrl();
+    }
+    if (brand::Current().help == HelpKind::LanguageFile) {
+        const QString file = HelpFile(appDir, n);
+        return QFileInfo(file).isFile() ? QUrl::fromLocalFile(file) : QUrl();
+    }
+    return QUrl::fromLocalFile(HelpPage(appDir, n, topic));
+}
+
+QString LicensePage(const QString &appDir, int n)
+{
+    const Language *l = ByType(n);
+    const QString own = l ? appDir + "/help/" + l->folder + "/license.html" : QString();
+    return l && QFileInfo::exists(own) ? own : appDir + "/help/EN/license.html";
 }
 
 } // namespace languages

@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class QUrl;
+
 namespace languages {
 
 constexpr int kCount = 11;
@@ -23,7 +25,7 @@ struct Language
 const Language *ByType(int n);
 QString MenuText(int n);
 
-// <appDir>/VideoTranslation/<XX>
+// <appDir>/VideoTranslation/<XX>, with the brand's sub-folder in front of <XX>
 QString Folder(const QString &appDir, int n);
 
 // Removes every translator installed before, then loads the own file and the
@@ -35,5 +37,12 @@ bool Install(int n, const QString &appDir);
 enum class HelpTopic { About, AddingFiles, Repairing, AdvancedRepair, PreviewAndSave };
 // <appDir>/help/<XX>/<topic>.html, with English where a language has none.
 QString HelpPage(const QString &appDir, int n, HelpTopic topic);
+// The one help file of a language, for brands that ship one: <appDir>/HelpVideo_<XX>.html.
+QString HelpFile(const QString &appDir, int n);
+// What help opens: the market variant's link, the brand's language file, or
+// the topic's page; empty when there is nothing to open.
+QUrl HelpUrl(const QString &appDir, int n, HelpTopic topic);
+// The licence page of the language, English where it has none.
+QString LicensePage(const QString &appDir, int n);
 
 } // namespace languages

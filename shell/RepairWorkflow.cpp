@@ -158,6 +158,7 @@ void VideoRepairWindow::OnRepairMOVFiles()
     CreateMenuBar2();
     UpdateBtn_1->setEnabled(false);
     UpdateBtn_2->setEnabled(false);
+    EnableLanguageButtons(false);
     lstPendingPaths.clear();
     for (QWidget *w : std::initializer_list<QWidget *>{ChnageLoc_Btn_2, chnageLoc_Labl_2, MainString_labl_2,
                                                        referenceLinkBtn, Frame2_ListLabl})
@@ -182,7 +183,7 @@ void VideoRepairWindow::OnRepairMOVFiles()
     // Made anew on each run, as it always was: after n runs a double click runs the slot n times.
     connect(pRepairList, &QTreeWidget::itemDoubleClicked, this, &VideoRepairWindow::OnDoubleClicked);
     RetranslateAll();
-    label_2->setText(startup::kProductName);
+    label_2->setText(startup::ProductName());
     label_2->setFont(look::TitleFont());
 
     ClearRepairRows();
@@ -520,7 +521,8 @@ void VideoRepairWindow::OnRepairFinish()
     Select_All->setChecked(true);
     Select_All->setEnabled(true);
     UpdateBtn_1->setEnabled(true);
-    UpdateBtn_2->setEnabled(kBrand == Brand::Second);
+    UpdateBtn_2->setEnabled(brand::Current().updateAfterRun);
+    EnableLanguageButtons(true);
     saveBtn->show();
     startup::PlayerProcess()->close();
     pRepairList->setEnabled(true);
@@ -786,6 +788,7 @@ void VideoRepairWindow::AbortedCommon()
     BackBtn->setEnabled(true);
     UpdateBtn_1->setEnabled(true);
     UpdateBtn_2->setEnabled(true);
+    EnableLanguageButtons(true);
     bApplyToAll = false;
     pStopDlg->hide();
     // Nothing of a stopped run can be saved.
@@ -927,6 +930,7 @@ void VideoRepairWindow::OnRepairRefrenceFile()
     bAdvanceRepairRunning = true;
     UpdateBtn_1->setEnabled(false);
     UpdateBtn_2->setEnabled(false);
+    EnableLanguageButtons(false);
     PercentLabl->setText("0%");
     pReferenceFileDlg->hide();
 

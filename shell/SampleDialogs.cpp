@@ -147,7 +147,7 @@ void ReferenceFileDlg::OpenChooseVideo()
 
 void ReferenceFileDlg::Retranslate()
 {
-    TitleLabl->setText(bChooseVideoTitle ? tr("Choose Video") : QString::fromUtf8(startup::kProductName));
+    TitleLabl->setText(bChooseVideoTitle ? tr("Choose Video") : startup::ProductName());
     String_label->setText(tr("Add a sample video:"));
     RefBrowse_Btn->setText(tr("Browse"));
     RefRepairBtn->setText(tr("Repair"));

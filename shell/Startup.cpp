@@ -22,22 +22,21 @@ ShellValues shellApp;
 
 UpdateWay UpdateWayFor(MarketVariant variant)
 {
-    switch (variant) {
-    case MarketVariant::Japan:
-        return UpdateWay::None;
-    case MarketVariant::China:
-        return UpdateWay::OpenLink;
-    default:
-        return UpdateWay::Check;
-    }
+    return brand::kMarkets[int(variant)].update;
 }
 
 namespace startup {
 
+QString ProductName()
+{
+    return QString::fromUtf8(brand::Current().productName);
+}
+
 std::unique_ptr<QSettings> OpenSettings()
 {
-    return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope, kOrganisation,
-                                       kApplication);
+    return std::make_unique<QSettings>(QSettings::NativeFormat, QSettings::UserScope,
+                                       QString::fromUtf8(brand::Current().organisation),
+                                       QString::fromUtf8(brand::Current().application));
 }
 
 bool ReadResizeAppforDpi()
@@ -52,7 +51,8 @@ bool ReadResizeAppforDpi()
 
 int ReadLanguage()
 {
-    return OpenSettings()->value(kLanguageKey, 0).toInt();
+    const int forced = brand::Market().forcedLanguage;
+    return forced >= 0 ? forced : OpenSettings()->value(kLanguageKey, 0).toInt();
 }
 
 void WriteLanguage(int n)
@@ -151,19 +151,12 @@ QStringList FileArguments(const QStringList &arguments, const QString &cwd)
 
 QString UpdateFileStem()
 {
-    switch (kBrand) {
-    case Brand::Second:
-        return QStringLiteral("QuorrelVideomend");
-    case Brand::Third:
-        return QStringLiteral("TessalvaneVideomend");
-    default:
-        return QStringLiteral("HalvernVideomend");
-    }
+    return QString::fromUtf8(brand::Current().updateStem);
 }
 
 int Run(int argc, char **argv)
 {
-    // 1. Build switches: constants, see Startup.h.
+    // 1. Build switches: the brand and market rows linked in, see Brand.h.
     // 2-4. Settings and scale.
     float dpiScale = 1.0f;
     if (!ReadResizeAppforDpi()) {
@@ -178,6 +171,7 @@ int Run(int argc, char **argv)
     // 5.
     QCoreApplication::setAttribute(Qt::AA_DisableHighDpiScaling);
     QApplication app(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(VM_VERSION));
     app.processEvents();
 
     // 6-7.
@@ -188,7 +182,7 @@ int Run(int argc, char **argv)
     // 8-9.
     {
         auto settings = OpenSettings();
-        shellApp.nLanguage = settings->value(kLanguageKey, 0).toInt();
+        shellApp.nLanguage = ReadLanguage();
         shellApp.nOptionShowAsDisabled = settings->value("OptionShowAsDisabled", 0).toInt();
     }
     languages::Install(shellApp.nLanguage, shellApp.strAppDir);
@@ -198,11 +192,11 @@ int Run(int argc, char **argv)
     SingleInstance instance;
     switch (instance.Start(files)) {
     case SingleInstance::Role::Handed:
-        std::fprintf(stderr, "Halvern Videomend is already running; its window takes the files.\n");
+        std::fprintf(stderr, "%s is already running; its window takes the files.\n", brand::Current().application);
         return 0;
     case SingleInstance::Role::Failed:
         // Better a second window than none.
-        std::fprintf(stderr, "Halvern Videomend: no word from a window already open; opening this one.\n");
+        std::fprintf(stderr, "%s: no word from a window already open; opening this one.\n", brand::Current().application);
         break;
     case SingleInstance::Role::First:
         break;

@@ -2,6 +2,8 @@
 // What holds for the whole process of the window: build switches, the
 // settings store, the screen scale, the player, the files of the command line.
 
+#include "Brand.h"
+
 #include <QString>
 #include <QStringList>
 #include <memory>
@@ -9,16 +11,6 @@
 class QProcess;
 class QSettings;
 
-enum class Brand { First, Second, Third };
-enum class MarketVariant { None, Japan, Korea, China };
-
-// Chosen when the program is built; nothing changes them at run time.
-constexpr Brand kBrand = Brand::First;
-constexpr MarketVariant kMarketVariant = MarketVariant::None;
-
-// How a market variant looks for updates: Japan doesn't, China only opens
-// the page named by CN/CN_Update_Lnk when asked.
-enum class UpdateWay { Check, OpenLink, None };
 UpdateWay UpdateWayFor(MarketVariant variant);
 
 // Values kept from start-up for the rest of the process.
@@ -36,9 +28,8 @@ extern ShellValues shellApp;
 
 namespace startup {
 
-constexpr char kOrganisation[] = "Halvern Works";
-constexpr char kApplication[] = "Halvern Videomend";
-constexpr char kProductName[] = "Halvern Videomend ";
+// The brand's product name as titles show it ("Halvern Videomend ").
+QString ProductName();
 constexpr char kResizeKey[] = "ResizeAppforDPI";
 constexpr char kLanguageKey[] = "LanguageType";
 
@@ -46,6 +37,7 @@ constexpr char kLanguageKey[] = "LanguageType";
 std::unique_ptr<QSettings> OpenSettings();
 // Writes 1 when the key is absent, then returns it.
 bool ReadResizeAppforDpi();
+// The stored language; a market variant's own language whatever is stored.
 int ReadLanguage();
 void WriteLanguage(int n);
 // The scale the dialogs use: 1.0 when ResizeAppforDPI is off.

@@ -28,7 +28,7 @@ public:
         return l ? QString::fromLatin1(l->folder) : QString();
     }
     QString FileStem() const override { return startup::UpdateFileStem(); }
-    QString ProductName() const override { return QString::fromUtf8(startup::kProductName); }
+    QString ProductName() const override { return startup::ProductName(); }
     void ShowMessage(const char *context, const char *title, const char *text) override
     {
         m_window->pMessageDlg->ShowMessage(context, title, text);
@@ -40,6 +40,7 @@ public:
         dialog->setStyleSheet(look::StyleSheet());
         look::ScaleForm(dialog, scale);
         dialog->setFixedSize(look::Scaled(designWidth, scale), look::Scaled(designHeight, scale));
+        look::DragByAnyPress(dialog);
     }
     void QuitForUpdate() override { m_window->EndForUpdate(); }
 
@@ -53,7 +54,7 @@ void VideoRepairWindow::onUpdateWizard() { CheckForUpdate(true); }
 
 void VideoRepairWindow::CheckForUpdate(bool manual)
 {
-    switch (UpdateWayFor(kMarketVariant)) {
+    switch (brand::Market().update) {
     case UpdateWay::None:
         return;
     case UpdateWay::OpenLink:

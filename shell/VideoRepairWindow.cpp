@@ -22,6 +22,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QProcess>
+#include <QSettings>
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
@@ -39,27 +40,8 @@ const QStringList kSuffixes = {
     "F4V", "f4v", "asf", "RSV", "rsv", "ASF", "wmv", "WMV", "AVI", "avi", "divx", "DIVX", "FLV",
     "flv", "MPG", "mpg", "MPEG", "mpeg", "MKV", "mkv", "WEBM", "webm", "DAT", "dat", "VOC", "voc"};
 
-const char kDateFormat[] = "ddd MMM dd yyyy hh:mm:ss";
-const char kDateFormatJapan[] = "yyyy MMM dd ddd hh:mm:ss";
-
 // right | horizontal centre | vertical centre: the value the size column always had.
 constexpr int kSizeAlignment = 134;
-
-using LanguageSlot = void (VideoRepairWindow::*)();
-const LanguageSlot kFirstPageSlots[languages::kCount] = {
-    &VideoRepairWindow::LoadEnglishLanguages, &VideoRepairWindow::LoadGermanLanguages,
-    &VideoRepairWindow::LoadFrenchLanguages,  &VideoRepairWindow::LoadItalianLanguages,
-    &VideoRepairWindow::LoadSpanishLanguages, &VideoRepairWindow::LoadJapaneseLanguages,
-    &VideoRepairWindow::LoadChineseLanguages, &VideoRepairWindow::LoadKoreanLanguages,
-    &VideoRepairWindow::LoadDutchLanguages,   &VideoRepairWindow::LoadBrazilLanguages,
-    &VideoRepairWindow::LoadHindiLanguages};
-const LanguageSlot kSecondPageSlots[languages::kCount] = {
-    &VideoRepairWindow::LoadEnglishLanguages2, &VideoRepairWindow::LoadGermanLanguages2,
-    &VideoRepairWindow::LoadFrenchLanguages2,  &VideoRepairWindow::LoadItalianLanguages2,
-    &VideoRepairWindow::LoadSpanishLanguages2, &VideoRepairWindow::LoadJapaneseLanguages2,
-    &VideoRepairWindow::LoadChineseLanguages2, &VideoRepairWindow::LoadKoreanLanguages2,
-    &VideoRepairWindow::LoadDutchLanguages2,   &VideoRepairWindow::LoadBrazilLanguages2,
-    &VideoRepairWindow::LoadHindiLanguages2};
 
 QString FileKey(const QString &path)
 {
@@ -77,11 +59,11 @@ VideoRepairWindow::VideoRepairWindow(QWidget *parent) : QWidget(parent)
     fScale = startup::ReadResizeAppforDpi() ? shellApp.fDpiScale : 1.0f;
     nLanguage = startup::ReadLanguage();
     shellApp.nLanguage = nLanguage;
-    look::ScaleForm(this, fScale);
     setFixedSize(look::Scaled(850, fScale), look::Scaled(600, fScale));
     setAttribute(Qt::WA_StyledBackground);
     setStyleSheet(look::StyleSheet());
     setWindowIcon(look::ProductIcon());
+    setWindowTitle(startup::ProductName().trimmed());
 
     // Fixed fonts and looks of the form.
     label_5->setFont(look::Font("Segoe UI semibold", 14, true));
@@ -121,9 +103,12 @@ VideoRepairWindow::VideoRepairWindow(QWidget *parent) : QWidget(parent)
     const QPixmap logo = look::ProductIcon().pixmap(look::Scaled(28, fScale));
     logoLabl_1->setPixmap(logo);
     logoLabl_2->setPixmap(logo);
+    SetUpBrand();
+    ApplyLayout();
 
     CreateMenuBar();
     Init();
+    MoreTool();
     UiInit();
     RetranslateAll();
     connect(pRepairList, &QTreeWidget::itemClicked, this, &VideoRepairWindow::OnRepairItemClicked);
@@ -260,58 +245,6 @@ void VideoRepairWindow::UiInit()
     connect(t, &ThreadVideoRepair::FileReported, this, &VideoRepairWindow::OnFileReported);
 }
 
-void VideoRepairWindow::Init()
-{
-    // The strips open without their animation for now.
-    MenuBtn_1->setChecked(true);
-    ShowStrip(1, true);
-    MenuBtn_2->setChecked(true);
-    ShowStrip(2, true);
-}
-
-void VideoRepairWindow::ShowStrip(int page, bool shown)
-{
-    const QList<QWidget *> items =
-        page == 1 ? QList<QWidget *>{SeperateLbl_1, LanguageBtn_1, SeperateLbl_3, AbutBtn_1, HelpBtn_1,
-                                     SeperateLbl_4, UpdateBtn_1, SeperateLbl_5}
-                  : QList<QWidget *>{SeperateLbl_2, LanguageBtn_2, SeperateLbl_6, AbutBtn_2, HelpBtn_2,
-                                     SeperateLbl_7, UpdateBtn_2, SeperateLbl_8};
-    for (QWidget *w : items)
-        w->setVisible(shown);
-}
-
-void VideoRepairWindow::OnMenuProduct() { ShowStrip(1, MenuBtn_1->isChecked()); }
-
-void VideoRepairWindow::OnSecondMenuProduct() { ShowStrip(2, MenuBtn_2->isChecked()); }
-
-QMenu *VideoRepairWindow::BuildLanguageMenu(QPushButton *button, bool secondPage)
-{
-    auto *menu = new QMenu(button);
-    menu->setFont(look::ListFont());
-    for (int n = 0; n < languages::kCount; ++n) {
-        QAction *a = menu->addAction(languages::MenuText(n));
-        a->setCheckable(true);
-        a->setData(n);
-        connect(a, &QAction::triggered, this, secondPage ? kSecondPageSlots[n] : kFirstPageSlots[n]);
-    }
-    button->setMenu(menu);
-    return menu;
-}
-
-void VideoRepairWindow::CreateMenuBar()
-{
-    if (!pLanguageMenu)
-        pLanguageMenu = BuildLanguageMenu(LanguageBtn_1, false);
-    TickLanguageMenus();
-}
-
-void VideoRepairWindow::CreateMenuBar2()
-{
-    if (!pLanguageMenu2)
-        pLanguageMenu2 = BuildLanguageMenu(LanguageBtn_2, true);
-    TickLanguageMenus();
-}
-
 void VideoRepairWindow::TickLanguageMenus()
 {
     for (QMenu *menu : {pLanguageMenu, pLanguageMenu2}) {
@@ -369,8 +302,10 @@ void VideoRepairWindow::changeEvent(QEvent *event)
 void VideoRepairWindow::RetranslateAll()
 {
     retranslateUi(this);
-    ProductLabl_1->setText(startup::kProductName);
-    label_2->setText(startup::kProductName);
+    ApplyLayout();
+    ApplyImages();
+    ProductLabl_1->setText(startup::ProductName());
+    label_2->setText(startup::ProductName());
     const QString languageText = languages::ByType(nLanguage) ? languages::MenuText(nLanguage) : tr("Languages");
     for (QPushButton *b : {LanguageBtn_1, LanguageBtn_2})
         b->setText(languageText + QStringLiteral(" \u25BE"));
@@ -533,7 +468,7 @@ void VideoRepairWindow::AddFileRow(const QString &path)
 {
     const QFileInfo info(path);
     const QFileIconProvider icons;
-    const QString dateFormat = kMarketVariant == MarketVariant::Japan ? kDateFormatJapan : kDateFormat;
+    const QString dateFormat = QString::fromLatin1(brand::Market().dateFormat);
     const QDateTime created = info.birthTime().isValid() ? info.birthTime() : info.metadataChangeTime();
 
     auto *item = new QTreeWidgetItem(pFileList);
@@ -700,6 +635,11 @@ void VideoRepairWindow::SetDestPath(const QString &folder)
 
 QString VideoRepairWindow::HelpPagePath() const
 {
+    return languages::HelpPage(shellApp.strAppDir, nLanguage, HelpTopicNow());
+}
+
+languages::HelpTopic VideoRepairWindow::HelpTopicNow() const
+{
     using languages::HelpTopic;
     HelpTopic topic = HelpTopic::About;
     if (bPreviewOrSaveUsed)
@@ -710,12 +650,19 @@ QString VideoRepairWindow::HelpPagePath() const
         topic = HelpTopic::Repairing;
     else if (bListShown)
         topic = HelpTopic::AddingFiles;
-    return languages::HelpPage(shellApp.strAppDir, nLanguage, topic);
+    return topic;
+}
+
+QUrl VideoRepairWindow::HelpUrl() const
+{
+    return languages::HelpUrl(shellApp.strAppDir, nLanguage, HelpTopicNow());
 }
 
 void VideoRepairWindow::OpenHelp()
 {
-    QDesktopServices::openUrl(QUrl::fromLocalFile(HelpPagePath()));
+    const QUrl url = HelpUrl();
+    if (!url.isEmpty())
+        QDesktopServices::openUrl(url);
 }
 
 void VideoRepairWindow::CloseProcess() { close(); }
@@ -794,6 +741,4 @@ void VideoRepairWindow::mouseReleaseEvent(QMouseEvent *event)
     QWidget::mouseReleaseEvent(event);
 }
 
-// --- Later dialogs: wired now, filled in with their own features ---
 
-void VideoRepairWindow::OnAboutBtnClicked() {}

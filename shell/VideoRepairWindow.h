@@ -4,6 +4,7 @@
 // itself runs in ThreadVideoRepair; this class only reacts to its signals.
 
 #include "Dialogs.h"
+#include "Languages.h"
 #include "MyTreeWidget.h"
 #include "SampleDialogs.h"
 #include "SaveDialogs.h"
@@ -18,10 +19,12 @@
 #include <QPoint>
 #include <QSet>
 #include <QStringList>
+#include <QUrl>
 #include <QWidget>
 #include <atomic>
 #include <memory>
 
+class AboutDlg;
 class QMenu;
 class QProcess;
 class QTimer;
@@ -73,6 +76,10 @@ public:
     void SetDestPath(const QString &folder);
     void StartFadeIn();
     QString HelpPagePath() const;
+    // What help opens: the variant's link, the brand's language file, or
+    // the topic page; empty when there is nothing to open.
+    QUrl HelpUrl() const;
+    languages::HelpTopic HelpTopicNow() const;
     ThreadVideoRepair &RepairThread() { return m_repairThread; }
     // Looks for a newer version: silently after start-up, aloud from the
     // update buttons. An offer or download already open comes to the front.
@@ -118,6 +125,18 @@ public:
     bool bSaving = false;
     QMenu *pLanguageMenu = nullptr;
     QMenu *pLanguageMenu2 = nullptr;
+    QMenu *pMoreToolsMenu = nullptr;
+    QMenu *pMoreToolsMenu2 = nullptr;
+    AboutDlg *pAboutDlg = nullptr;
+
+    // The toolbar strips: each tick adds the step to the phase; at 0.1 the
+    // first item shows (or the last hides), at 0.2 the next, and so on.
+    float fToolbarPhase = 0.0f;
+    static constexpr int nToolbarInterval = 15; // ms
+    static constexpr float fToolbarStep = 0.05f;
+    QTimer *pToolbarTimer = nullptr;
+    // The items of a page's strip that this program has, in order from the menu button.
+    QList<QWidget *> StripItems(int page) const;
 
 public Q_SLOTS:
     void OnTimerSlot();
@@ -154,6 +173,12 @@ public Q_SLOTS:
     void MinimiseWin();
     void OnMenuProduct();
     void OnSecondMenuProduct();
+    void OnToolBarTimerSlot();
+    void OnToolBarTimerSlot2();
+    void MoreTool();
+    // Would restore the window's geometry; nothing is connected to it, so
+    // the window always opens centred.
+    void OnThisPage(bool bMaximised);
 
     // The add page.
     void OnAddMOVFile();
@@ -225,6 +250,7 @@ protected:
 
     void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
@@ -244,7 +270,15 @@ private:
     void SetPageText(PageText text);
     void SetElidedText(QLabel *label, const QString &text);
     void PlaceAfter(QWidget *left, QWidget *right, int gap);
-    void ShowStrip(int page, bool shown);
+    // A run keeps its language: the language buttons wait for its end.
+    void EnableLanguageButtons(bool enabled);
+    void StartStrip(int page);
+    void StepStrip(int page);
+    void SetUpBrand();
+    // The language's rectangles times fScale; again on every language switch.
+    void ApplyLayout();
+    // The image sheets of the scale's folder and the language.
+    void ApplyImages();
 
     bool IsListed(const QString &path) const;
     void AddFileRow(const QString &path);

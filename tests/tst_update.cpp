@@ -87,7 +87,7 @@ public:
     std::unique_ptr<QSettings> Settings() const override { return startup::OpenSettings(); }
     QString LanguageFolder() const override { return "EN"; }
     QString FileStem() const override { return startup::UpdateFileStem(); }
-    QString ProductName() const override { return startup::kProductName; }
+    QString ProductName() const override { return startup::ProductName(); }
     bool IsOnline() const override { return online; }
     void ShowMessage(const char *context, const char *, const char *text) override
     {

@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>系统：%1</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>许可</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>支持</translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -363,6 +386,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation>更多工具</translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation>最小化</translation>

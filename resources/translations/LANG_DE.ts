@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="de_DE">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation>Info</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Programmversion %1</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>Betriebssystem: %1</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Lizenz</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Hilfe</translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -363,6 +386,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation>Weitere Tools</translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation>Minimieren</translation>

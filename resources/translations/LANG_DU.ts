@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="nl_NL">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation>Over</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Versie %1</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>Systeem: %1</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Licentie</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Ondersteuning</translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -363,6 +386,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation>Meer hulpmiddelen</translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation>Minimaliseren</translation>

@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en_US">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation type="unfinished"></translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -358,6 +381,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation type="unfinished"></translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation type="unfinished"></translation>

@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="es_ES">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation>Acerca de</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>Versión %1</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>Sistema: %1</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>Licencia</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>Soporte</translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -363,6 +386,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation>Más herramientas</translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation>Minimizar</translation>

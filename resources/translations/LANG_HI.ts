@@ -2,6 +2,29 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="hi_IN">
 <context>
+    <name>AboutDlg</name>
+    <message>
+        <source>About</source>
+        <translation>परिचय</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>संस्करण %1</translation>
+    </message>
+    <message>
+        <source>System: %1</source>
+        <translation>सिस्टम: %1</translation>
+    </message>
+    <message>
+        <source>License</source>
+        <translation>लाइसेंस</translation>
+    </message>
+    <message>
+        <source>Support</source>
+        <translation>सहायता</translation>
+    </message>
+</context>
+<context>
     <name>AdvancedRepairDlg</name>
     <message>
         <source>Add Sample Video</source>
@@ -363,6 +386,10 @@
 </context>
 <context>
     <name>VideoRepairWin</name>
+    <message>
+        <source>More Tools</source>
+        <translation>और टूल</translation>
+    </message>
     <message>
         <source>Minimise</source>
         <translation>छोटा करें</translation>
