@@ -91,6 +91,9 @@ void VideoRepairWindow::EndForUpdate()
         m_repairThread.wait();
     }
     m_saveThread.wait(); // copies leave nothing half-written; let the last one end
+    // The installer ends the program without asking about unsaved results:
+    // they stay in the work folder rather than go.
+    bKeepWorkFolder = true;
     ExitCleanup();
     QCoreApplication::quit();
 }
