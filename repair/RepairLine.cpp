@@ -12,16 +12,30 @@ constexpr int kLevel = 9;
 
 // qCompress(data, 9), byte for byte: the length, big-endian, then a zlib
 // stream. One deflate state per thread is reset for each line instead of
-// being made anew: setting one up costs far more than a short line.
+// being made anew: setting one up costs far more than a short line. A short
+// line takes a state with the smallest hash table, whose reset clears 512
+// bytes instead of 64 KiB: the matches it finds are the same (a hash only
+// narrows the candidates, and every true match stays among them) and the
+// line stays within one block of literals, so the bytes are too.
+constexpr int kSmallLine = 96;
+constexpr int kSmallMemLevel = 1; // 2^(1+6) = 128 symbols a block, 2^8 hash heads
+constexpr int kDefaultMemLevel = 8;
+
+struct Deflater
+{
+    z_stream s{};
+    bool ok;
+    explicit Deflater(int memLevel)
+        : ok(deflateInit2(&s, kLevel, Z_DEFLATED, MAX_WBITS, memLevel, Z_DEFAULT_STRATEGY) == Z_OK)
+    {
+    }
+    ~Deflater() { deflateEnd(&s); }
+};
+
 QByteArray compressLine(const QByteArray &data)
 {
-    struct Deflater
-    {
-        z_stream s{};
-        bool ok = deflateInit(&s, kLevel) == Z_OK;
-        ~Deflater() { deflateEnd(&s); }
-    };
-    thread_local Deflater d;
+    thread_local Deflater small(kSmallMemLevel), large(kDefaultMemLevel);
+    Deflater &d = data.size() <= kSmallLine ? small : large;
     if (data.isEmpty() || !d.ok || deflateReset(&d.s) != Z_OK)
         return qCompress(data, kLevel);
     const uLong bound = deflateBound(&d.s, uLong(data.size()));
@@ -38,6 +52,8 @@ QByteArray compressLine(const QByteArray &data)
     return out;
 }
 }
+
+QByteArray RepairLine::Pack(const QByteArray &data) { return compressLine(data); }
 
 RepairLine::RepairLine(quint64 key)
 {

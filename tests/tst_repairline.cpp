@@ -4,6 +4,7 @@
 #include "repair/RepairLine.h"
 
 #include <QCryptographicHash>
+#include <QRandomGenerator>
 #include <QtTest>
 
 class TestRepairLine : public QObject
@@ -49,6 +50,22 @@ private Q_SLOTS:
             QCOMPARE(int(raw[0]), 3);
             QVERIFY(raw[1] & RepairLine::FlagChecksum);
             QCOMPARE(bool(raw[1] & RepairLine::FlagCompressed), s.size() == 2000);
+        }
+    }
+
+    void packsAsQtDoes()
+    {
+        // Log lines of every form and length, repetitive ones too: the quick
+        // packing gives qCompress's bytes.
+        QRandomGenerator rng(5);
+        for (int n = 0; n <= 300; ++n) {
+            QByteArray digits, runs;
+            for (int i = 0; i < n; ++i) {
+                digits += char(i % 11 == 10 ? ' ' : '0' + rng.bounded(10));
+                runs += char('a' + (i / 7) % 3);
+            }
+            for (const QByteArray &line : {digits, runs, QByteArray(n, 'z')})
+                QCOMPARE(RepairLine::Pack(line), qCompress(line, 9));
         }
     }
 
