@@ -125,22 +125,24 @@ for i in 1 2; do
 done
 rm -f "$dir/ffcopy.wmv" "$dir/bench-asf-rebuilt.wmv"
 printf "ffmpeg -c copy: best of 2 = %.0f MB/s\n" "$best"
+# The fastest line of each named stage in a log ("<stage>: ... N MB/s, ...").
+bestof() {
+  local log="$1"; shift
+  for what in "$@"; do
+    grep "^$what:" "$log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
+      END { print line }'
+  done
+}
 # MKV: the rebuild from the cluster list and the block carve (no ffmpeg),
 # beside cat; best of two.
 "$bin/bench/vm-bench-mkv" "$dir" > "$dir/mkv.log" 2>&1 || { cat "$dir/mkv.log"; exit 1; }
 catspeed "$dir/bench-mkv-1g.mkv"
 "$bin/bench/vm-bench-mkv" "$dir" >> "$dir/mkv.log" 2>&1
-for what in "mkv rebuild" "mkv carve"; do
-  grep "^$what:" "$dir/mkv.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-    END { print line }'
-done
+bestof "$dir/mkv.log" "mkv rebuild" "mkv carve"
 # The transport-stream paths without ffmpeg: the MTS filter and the
 # demultiplexer of a transport stream named .mov, beside cat; best of two.
 "$bin/bench/vm-bench-ts" "$dir" > "$dir/ts.log" 2>&1 || { cat "$dir/ts.log"; exit 1; }
 catspeed "$dir/bench-ts-1g.MTS"
 catspeed "$dir/bench-ts-1g.mov"
 "$bin/bench/vm-bench-ts" "$dir" >> "$dir/ts.log" 2>&1
-for what in "mts filter" "ts demux"; do
-  grep "^$what:" "$dir/ts.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-    END { print line }'
-done
+bestof "$dir/ts.log" "mts filter" "ts demux"
