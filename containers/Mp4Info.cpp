@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <memory>
 #include <numeric>
 
 namespace mp4info {
@@ -283,16 +284,16 @@ Codec DetectNalCodec(BufferedReader &f)
             start = a.body;
     });
     const quint64 end = qMin(f.size(), start + kNalProbeBytes);
-    // The look behind a unit jumps ahead and back for every candidate: it goes
-    // through a small reader of its own, so the walk's window stays put (one
-    // reader for both reloaded a window per candidate, gigabytes on ProRes data).
-    BufferedReader ahead(kNalGap + kNalLook);
-    if (!ahead.open(f.path()))
+    // The probe looks ahead and back for every candidate, far on chance hits
+    // in sound or ProRes data: the few megabytes it covers are read once.
+    const size_t span = start < end ? size_t(end - start) : 0;
+    std::unique_ptr<quint8[]> bytes(new quint8[span + 1]);
+    if (f.readAt(start, bytes.get(), span) != span)
         return Codec::Unknown;
     // A unit: a length that fits, then a header of the codec.
-    auto unitAt = [&](BufferedReader &in, quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
-        const quint8 *b = in.peek(p, kNalLook);
-        if (!b || b[0] != 0 || b[1] > (kMaxNalUnit >> 16))
+    auto unitAt = [&](quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
+        const quint8 *b = bytes.get() + (p - start);
+        if (b[0] != 0 || b[1] > (kMaxNalUnit >> 16))
             return false;
         const quint32 len = quint32(b[0]) << 24 | quint32(b[1]) << 16 | quint32(b[2]) << 8 | b[3];
         if (len < 3 || len > kMaxNalUnit || p + 4 + len > end || !valid(b + 4))
@@ -306,11 +307,10 @@ Codec DetectNalCodec(BufferedReader &f)
         int n = 0;
         for (quint64 p = start; p + kNalLook <= end; ++p) {
             quint64 q = 0, ignored = 0;
-            if (!unitAt(f, p, valid, &q))
+            if (!unitAt(p, valid, &q))
                 continue;
-            ahead.moveTo(q);
             for (quint64 r = q, last = qMin(end, q + kNalGap); r + kNalLook <= last; ++r) {
-                if (unitAt(ahead, r, valid, &ignored)) {
+                if (unitAt(r, valid, &ignored)) {
                     ++n;
                     break;
                 }
