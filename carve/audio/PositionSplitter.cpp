@@ -20,6 +20,9 @@
 #include <QFileInfo>
 #include <QtDebug>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace carve {
 
@@ -104,6 +107,55 @@ QByteArray readWhole(const QString &path, quint64 from = 0)
 
 } // namespace
 
+namespace {
+// The first k in [from, n - 1) with b[k] and b[k + 1] both zero; n if none.
+// Pairs of zeros are rare in coded video, single ones are not: looking for
+// pairs passes most of a payload 16 bytes at a time.
+size_t findZeroPair(const quint8 *b, size_t from, size_t n)
+{
+    size_t k = from;
+#if defined(__SSE2__)
+    const __m128i zero = _mm_setzero_si128();
+    for (; k + 17 <= n; k += 16) {
+        const __m128i here = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + k));
+        const __m128i next = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + k + 1));
+        const int mask = _mm_movemask_epi8(_mm_cmpeq_epi8(_mm_or_si128(here, next), zero));
+        if (mask)
+            return k + size_t(__builtin_ctz(unsigned(mask)));
+    }
+#endif
+    for (; k + 1 < n; ++k)
+        if (b[k] == 0 && b[k + 1] == 0)
+            return k;
+    return n;
+}
+} // namespace
+
+bool EscapeCheck::feed(const quint8 *b, size_t len)
+{
+    for (size_t i = 0; i < len;) {
+        if (m_zeros == 0) {
+            // A lone zero followed by anything resets the count: only a pair
+            // can start a forbidden pattern.
+            const size_t k = findZeroPair(b, i, len);
+            if (k == len) {
+                m_zeros = b[len - 1] == 0 ? 1 : 0;
+                return true;
+            }
+            i = k;
+        }
+        if (b[i] == 0) {
+            ++m_zeros;
+        } else {
+            if (m_zeros >= 2 && b[i] <= 2)
+                return false;
+            m_zeros = 0;
+        }
+        ++i;
+    }
+    return true;
+}
+
 int Ac3FrameSize(int fscod, int frmsizecod)
 {
     if (fscod < 0 || fscod >= audio::kAc3Rates || frmsizecod < 0 || frmsizecod >= audio::kAc3SizeCodes)
@@ -182,33 +234,18 @@ Split SplitByPosition(Splitter id, CarverArgs &args, Env &env)
         if (p == checkedAt)
             return true;
         quint64 at = p + 4, end = qMin(size, at + L);
-        int zeros = 0;
+        EscapeCheck check;
         while (at < end) {
             size_t len = 0;
             const quint8 *b = f.span(at, &len);
             if (!b)
                 break;
             len = size_t(qMin<quint64>(len, end - at));
-            for (size_t i = 0; i < len;) {
-                if (zeros == 0) {
-                    // Straight to the next 00: most bytes are passed at memchr's pace.
-                    const void *z = std::memchr(b + i, 0, len - i);
-                    if (!z)
-                        break;
-                    i = size_t(static_cast<const quint8 *>(z) - b);
-                }
-                if (b[i] == 0) {
-                    ++zeros;
-                } else {
-                    if (zeros >= 2 && b[i] <= 2)
-                        return false;
-                    zeros = 0;
-                }
-                ++i;
-            }
+            if (!check.feed(b, len))
+                return false;
             at += len;
         }
-        if (zeros >= 3)
+        if (!check.finish())
             return false;
         checkedAt = p;
         return true;
