@@ -6,6 +6,7 @@
 
 #include <QHash>
 #include <QStringList>
+#include <cstring>
 #include <memory>
 #include <numeric>
 
@@ -303,13 +304,24 @@ Codec DetectNalCodec(BufferedReader &f)
     };
     // Units whose end leads to another unit within a little sound: real
     // streams link, chance hits in other data seldom do.
+    // A unit's length opens with a zero byte: the first at or after p whose
+    // look fits before limit, or past it.
+    auto nextZero = [&](quint64 p, quint64 limit) {
+        const quint8 *from = bytes.get() + (p - start);
+        const void *z = std::memchr(from, 0, size_t(limit - kNalLook + 1 - p));
+        return z ? p + quint64(static_cast<const quint8 *>(z) - from) : limit;
+    };
     auto linked = [&](bool (*valid)(const quint8 *)) {
         int n = 0;
         for (quint64 p = start; p + kNalLook <= end; ++p) {
             quint64 q = 0, ignored = 0;
+            if ((p = nextZero(p, end)) + kNalLook > end)
+                break;
             if (!unitAt(p, valid, &q))
                 continue;
             for (quint64 r = q, last = qMin(end, q + kNalGap); r + kNalLook <= last; ++r) {
+                if ((r = nextZero(r, last)) + kNalLook > last)
+                    break;
                 if (unitAt(r, valid, &ignored)) {
                     ++n;
                     break;
