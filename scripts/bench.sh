@@ -1,148 +1,137 @@
 #!/usr/bin/env bash
-# Throughput against cat, from the page cache: the buffered reader on 1 GB of
-# bytes, and the whole sample-guided carve on a 1 GB recording without moov.
+# Throughput from the page cache: the buffered reader on 1 GB of bytes, the
+# sample-guided carves of 1 GB recordings without moov, the stream scanners
+# with the rebuild, the work-log reader and the container paths that write a
+# new file without ffmpeg.
+#
+# Every path writes about as much as it reads, so beside cat of its input
+# stands cat of that input into a new file (what writing it again costs on
+# this disk). Writes into the page cache vary a lot from run to run on this
+# machine; each figure is the best of three, and the table at the end puts
+# every path beside both.
 set -euo pipefail
 bin="$1"
 dir="$2"
 mkdir -p "$dir"
+summary="$dir/summary.txt"
+: > "$summary"
+CAT=0
+CATW=0
+
+rate() { awk -v s="$1" -v e="$2" -v b="$3" 'BEGIN { printf "%.0f", b / 1e6 / (e - s) }'; }
+max() { awk -v a="$1" -v b="$2" 'BEGIN { print (a + 0 > b + 0 ? a : b) }'; }
+
+# cat of a file (warm), and cat of it into a new file after a sync: best of three each.
+cats() {
+  local size start end i
+  size=$(stat -c %s "$1")
+  cat "$1" > /dev/null
+  CAT=0
+  CATW=0
+  for i in 1 2 3; do
+    start=$(date +%s.%N); cat "$1" > /dev/null; end=$(date +%s.%N)
+    CAT=$(max "$CAT" "$(rate "$start" "$end" "$size")")
+    rm -f "$dir/copy.tmp"; sync
+    start=$(date +%s.%N); cat "$1" > "$dir/copy.tmp"; end=$(date +%s.%N)
+    CATW=$(max "$CATW" "$(rate "$start" "$end" "$size")")
+  done
+  rm -f "$dir/copy.tmp"
+  printf "cat:    %.1f MB, best of 3 = %s MB/s; cat > file: best of 3 = %s MB/s\n" "$(awk -v b="$size" 'BEGIN { print b / 1e6 }')" "$CAT" "$CATW"
+}
+
+# The fastest line of a stage in a log ("<stage>: ... N MB/s ..."), printed
+# and put in the table beside the last cats (under a label of its own if given).
+best() {
+  local log="$1" what="$2" label="${3:-$2}" line
+  line=$(grep "^$what:" "$log" | awk '{ for (i = 1; i <= NF; ++i) if ($i ~ /^MB\/s/) r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
+    END { print line }')
+  echo "$line"
+  awk -v w="$label" -v l="$line" -v c="$CAT" -v cw="$CATW" 'BEGIN {
+    n = split(l, f, " "); for (i = 1; i <= n; ++i) if (f[i] ~ /^MB\/s/) r = f[i - 1]
+    printf "%-16s %6.0f %6.0f %5.0f%% %6.0f %5.0f%%\n", w, r, c, 100 * r / c, cw, 100 * r / cw }' >> "$summary"
+}
+
+# A bench program three times into a log; the first run makes its files.
+thrice() {
+  local log="$1"; shift
+  "$@" > "$log" 2>&1 || { cat "$log"; exit 1; }
+  "$@" >> "$log" 2>&1
+  "$@" >> "$log" 2>&1
+}
+
+# ffmpeg's own stream copy of a file (best of two, each after a sync).
+ffcopy() {
+  local in="$1" size="$2" ext="${1##*.}" fmt=() start end i r=0
+  [ "$#" -ge 3 ] && fmt=(-f "$3")
+  for i in 1 2; do
+    rm -f "$dir/ffcopy.$ext"; sync
+    start=$(date +%s.%N); ffmpeg -v quiet -nostdin -y "${fmt[@]}" -i "$in" -c copy "$dir/ffcopy.$ext" || true; end=$(date +%s.%N)
+    r=$(max "$r" "$(rate "$start" "$end" "$size")")
+  done
+  rm -f "$dir/ffcopy.$ext"
+  echo "ffmpeg -c copy: best of 2 = $r MB/s"
+}
+
 f="$dir/bench-1g.bin"
 if [ ! -f "$f" ]; then
   echo "Making $f (1 GB, once)..."
   head -c 1000000000 /dev/urandom > "$f.tmp" && mv "$f.tmp" "$f"
 fi
-catspeed() {
-  cat "$1" > /dev/null   # warm the page cache
-  local size start end
-  size=$(stat -c %s "$1")
-  start=$(date +%s.%N); cat "$1" > /dev/null; end=$(date +%s.%N)
-  awk -v s="$start" -v e="$end" -v b="$size" 'BEGIN { printf "cat:    %.1f MB in %.2f s = %.0f MB/s\n", b / 1e6, e - s, b / 1e6 / (e - s) }'
-}
-catspeed "$f"
+cats "$f"
 "$bin/bench/vm-bench-reader" "$f"
-"$bin/bench/vm-bench-carve" "$dir" > "$dir/carve.log" 2>&1 || { cat "$dir/carve.log"; exit 1; }
-catspeed "$dir/bench-1g.mov"
-# What writing the file again costs on this disk: the carve writes nearly all
-# of it, so a plain copy is its ceiling. The disk's write-back makes single
-# runs vary a lot; each figure is the best of three.
-best=0
-for i in 1 2 3; do
-  rm -f "$dir/copy.tmp"
-  start=$(date +%s.%N); cp --reflink=never "$dir/bench-1g.mov" "$dir/copy.tmp"; end=$(date +%s.%N)
-  best=$(awk -v s="$start" -v e="$end" -v b="$(stat -c %s "$dir/bench-1g.mov")" -v m="$best" \
-    'BEGIN { r = b / 1e6 / (e - s); print (r > m ? r : m) }')
+
+# The sample-guided carves (no ffmpeg): H.264+AAC with a frame or two per
+# chunk, the same pictures with 96 kHz LPCM and 48 kHz sowt sound in 0.5 s
+# chunks, HEVC, MPEG-4 and AV1 recordings with AAC.
+for kind in aac lpcm sowt hevc mpeg4 av1; do
+  thrice "$dir/carve-$kind.log" "$bin/bench/vm-bench-carve" "$dir" "$kind"
+  [ "$kind" = aac ] && big="$dir/bench-1g.mov" || big="$dir/bench-$kind-1g.mov"
+  cats "$big"
+  best "$dir/carve-$kind.log" "carve $kind"
 done
-rm -f "$dir/copy.tmp"
-printf "cp:     best of 3 = %.0f MB/s (a plain copy of the recording)\n" "$best"
-for i in 2 3; do "$bin/bench/vm-bench-carve" "$dir" >> "$dir/carve.log" 2>&1; done
-grep -v "^Making" "$dir/carve.log" || true
-grep "^carve aac:" "$dir/carve.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s") r = $(i - 1); if (r > m) m = r }
-  END { printf "carve:  best of 3 = %d MB/s\n", m }'
-# The carve of recordings with PCM sound between runs of frames (LPCM at
-# 96 kHz, sowt at 48 kHz), the main clip's pictures with new sound, and of
-# HEVC and MPEG-4 recordings with AAC; best of two.
-for kind in lpcm sowt hevc mpeg4 av1; do
-  "$bin/bench/vm-bench-carve" "$dir" "$kind" > "$dir/carve-$kind.log" 2>&1 || { cat "$dir/carve-$kind.log"; exit 1; }
-  catspeed "$dir/bench-$kind-1g.mov"
-  "$bin/bench/vm-bench-carve" "$dir" "$kind" >> "$dir/carve-$kind.log" 2>&1
-  grep "^carve" "$dir/carve-$kind.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-    END { print line }'
-done
-# The stream scanners with the rebuild (no ffmpeg): a ProRes recording without
-# its moov and a cut Motion JPEG one, beside cat of the same file; the scan
-# alone too. The first run makes the file and warms the cache; each figure is
-# the best of two.
-# The rebuild writes the file again, so cat into a new file stands beside it
-# too (after a sync, as the scan's runs start).
-catcopy() {
-  local size start end
-  size=$(stat -c %s "$1")
-  rm -f "$dir/copy.tmp"; sync
-  start=$(date +%s.%N); cat "$1" > "$dir/copy.tmp"; end=$(date +%s.%N)
-  rm -f "$dir/copy.tmp"
-  awk -v s="$start" -v e="$end" -v b="$size" 'BEGIN { printf "cat > file: %.1f MB in %.2f s = %.0f MB/s\n", b / 1e6, e - s, b / 1e6 / (e - s) }'
-}
+
+# The stream scanners alone and with the rebuild (a ProRes recording without
+# its moov, a cut Motion JPEG one).
 for kind in prores mjpeg; do
-  "$bin/bench/vm-bench-scan" "$dir" "$kind" > "$dir/scan.log" 2>&1 || { cat "$dir/scan.log"; exit 1; }
-  catspeed "$dir/scan-$kind-1g.mov"
-  catcopy "$dir/scan-$kind-1g.mov"
-  "$bin/bench/vm-bench-scan" "$dir" "$kind" >> "$dir/scan.log" 2>&1
-  for what in "scan alone" "scan + rebuild"; do
-    grep "^$what:" "$dir/scan.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i ~ /^MB\/s/) r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-      END { print line }'
-  done
+  thrice "$dir/scan-$kind.log" "$bin/bench/vm-bench-scan" "$dir" "$kind"
+  cats "$dir/scan-$kind-1g.mov"
+  grep "^scan alone:" "$dir/scan-$kind.log" | sort -t' ' -k4 -n | tail -1
+  best "$dir/scan-$kind.log" "scan + rebuild" "$kind rebuild"
 done
+
 # The work log of a one-hour 3GP recording, read by the rebuild.
 "$bin/bench/vm-bench-log" "$dir"
-# The container paths that write a new file without ffmpeg, beside cat and
-# ffmpeg's own stream copy of the same damaged file; best of two.
-ffcopy() {
-  local size start end ext="${1##*.}"
-  size=$(stat -c %s "$1")
-  start=$(date +%s.%N); ffmpeg -v quiet -nostdin -y -i "$1" -c copy "$dir/ffcopy.$ext" || true; end=$(date +%s.%N)
-  rm -f "$dir/ffcopy.$ext"
-  awk -v s="$start" -v e="$end" -v b="$size" 'BEGIN { printf "ffmpeg -c copy: %.1f MB in %.2f s = %.0f MB/s\n", b / 1e6, e - s, b / 1e6 / (e - s) }'
-}
-"$bin/bench/vm-bench-avi" "$dir" > "$dir/avi.log" 2>&1 || { cat "$dir/avi.log"; exit 1; }
-catspeed "$dir/bench-avi-1g.avi"
-ffcopy "$dir/bench-avi-1g.avi"
-"$bin/bench/vm-bench-avi" "$dir" >> "$dir/avi.log" 2>&1
-grep "^avi repair:" "$dir/avi.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-  END { print line }'
-# The FLV repair (tag scan, work log and copy; no ffmpeg) of a 1 GB FLV whose
-# head and metadata tag are zeroed, beside cat and ffmpeg's stream copy of the
-# same file. ffmpeg no longer knows the file without its head, so it is told
-# the format. Each run starts after a sync; the best of them.
-flv="$dir/bench-flv-1g.flv"
-"$bin/bench/vm-bench-flv" "$dir" > "$dir/flv.log" 2>&1 || { cat "$dir/flv.log"; exit 1; }
-catspeed "$flv"
-for i in 1 2; do
-  sync
-  start=$(date +%s.%N)
-  ffmpeg -v fatal -nostdin -y -f flv -i "$flv" -c copy "$dir/flv-copy.flv"
-  end=$(date +%s.%N)
-  echo "ffmpeg -c copy: $(stat -c %s "$flv") bytes in $start $end"
-  rm -f "$dir/flv-copy.flv"
-  "$bin/bench/vm-bench-flv" "$dir" 2>&1
-done >> "$dir/flv.log"
-awk '/^ffmpeg -c copy:/ { r = $4 / 1e6 / ($8 - $7); if (r > f) f = r }
-  /^flv:/ { for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-  END { printf "ffmpeg -c copy: best of 2 = %.0f MB/s\n%s\n", f, line }' "$dir/flv.log"
-# The ASF path (no ffmpeg): the sample's header, the packet scan and the fresh
-# file of a 1 GB WMV without its Header Object, beside cat of the same file
-# and ffmpeg's own copy of the packets (of the rebuilt file, since ffmpeg
-# can't read the damaged one); best of two.
-"$bin/bench/vm-bench-asf" "$dir" > "$dir/asf.log" 2>&1 || { cat "$dir/asf.log"; exit 1; }
-catspeed "$dir/bench-asf-1g.wmv"
-"$bin/bench/vm-bench-asf" "$dir" >> "$dir/asf.log" 2>&1
-grep "^wmv:" "$dir/asf.log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-  END { print line }'
-best=0
-for i in 1 2; do
-  rm -f "$dir/ffcopy.wmv"; sync
-  start=$(date +%s.%N); ffmpeg -nostdin -v error -i "$dir/bench-asf-rebuilt.wmv" -c copy "$dir/ffcopy.wmv"; end=$(date +%s.%N)
-  best=$(awk -v s="$start" -v e="$end" -v b="$(stat -c %s "$dir/bench-asf-1g.wmv")" -v m="$best" \
-    'BEGIN { r = b / 1e6 / (e - s); print (r > m ? r : m) }')
-done
-rm -f "$dir/ffcopy.wmv" "$dir/bench-asf-rebuilt.wmv"
-printf "ffmpeg -c copy: best of 2 = %.0f MB/s\n" "$best"
-# The fastest line of each named stage in a log ("<stage>: ... N MB/s, ...").
-bestof() {
-  local log="$1"; shift
-  for what in "$@"; do
-    grep "^$what:" "$log" | awk '{ for (i = 1; i <= NF; ++i) if ($i == "MB/s,") r = $(i - 1); if (r + 0 > m) { m = r + 0; line = $0 } }
-      END { print line }'
-  done
-}
-# MKV: the rebuild from the cluster list and the block carve (no ffmpeg),
-# beside cat; best of two.
-"$bin/bench/vm-bench-mkv" "$dir" > "$dir/mkv.log" 2>&1 || { cat "$dir/mkv.log"; exit 1; }
-catspeed "$dir/bench-mkv-1g.mkv"
-"$bin/bench/vm-bench-mkv" "$dir" >> "$dir/mkv.log" 2>&1
-bestof "$dir/mkv.log" "mkv rebuild" "mkv carve"
-# The transport-stream paths without ffmpeg: the MTS filter and the
-# demultiplexer of a transport stream named .mov, beside cat; best of two.
-"$bin/bench/vm-bench-ts" "$dir" > "$dir/ts.log" 2>&1 || { cat "$dir/ts.log"; exit 1; }
-catspeed "$dir/bench-ts-1g.MTS"
-catspeed "$dir/bench-ts-1g.mov"
-"$bin/bench/vm-bench-ts" "$dir" >> "$dir/ts.log" 2>&1
-bestof "$dir/ts.log" "mts filter" "ts demux"
+
+# The container paths, beside ffmpeg's own stream copy of the same file.
+thrice "$dir/avi.log" "$bin/bench/vm-bench-avi" "$dir"
+cats "$dir/bench-avi-1g.avi"
+ffcopy "$dir/bench-avi-1g.avi" "$(stat -c %s "$dir/bench-avi-1g.avi")"
+best "$dir/avi.log" "avi repair"
+
+# ffmpeg no longer knows the FLV without its head: it is told the format.
+thrice "$dir/flv.log" "$bin/bench/vm-bench-flv" "$dir"
+cats "$dir/bench-flv-1g.flv"
+ffcopy "$dir/bench-flv-1g.flv" "$(stat -c %s "$dir/bench-flv-1g.flv")" flv
+best "$dir/flv.log" "flv"
+
+# ffmpeg can't read the WMV without its Header Object: it copies the rebuilt one.
+thrice "$dir/asf.log" "$bin/bench/vm-bench-asf" "$dir"
+cats "$dir/bench-asf-1g.wmv"
+ffcopy "$dir/bench-asf-rebuilt.wmv" "$(stat -c %s "$dir/bench-asf-1g.wmv")"
+rm -f "$dir/bench-asf-rebuilt.wmv"
+best "$dir/asf.log" "wmv"
+
+thrice "$dir/mkv.log" "$bin/bench/vm-bench-mkv" "$dir"
+cats "$dir/bench-mkv-1g.mkv"
+best "$dir/mkv.log" "mkv rebuild"
+best "$dir/mkv.log" "mkv carve"
+
+thrice "$dir/ts.log" "$bin/bench/vm-bench-ts" "$dir"
+cats "$dir/bench-ts-1g.MTS"
+best "$dir/ts.log" "mts filter"
+cats "$dir/bench-ts-1g.mov"
+best "$dir/ts.log" "ts demux"
+
+echo
+echo "path               MB/s    cat  share  cat>file  share"
+cat "$summary"

@@ -5,6 +5,7 @@
 
 #include "carve/audio/Adts.h"
 #include "carve/audio/AudioConstants.h"
+#include "carve/audio/ByteSet.h"
 #include "carve/audio/MediaWalk.h"
 #include "carve/audio/Mpeg4Splitter.h"
 #include "carve/audio/StreamOut.h"
@@ -68,20 +69,20 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
     // The first position from p where test holds for the bytes there; `size`
     // when none. Positions whose first byte can't start a match are passed over
     // inside the window; the last three of a window are read across its end.
-    auto scan = [&](quint64 p, const bool *first, auto test) {
+    auto scan = [&](quint64 p, const ByteSet &first, auto test) {
         while (p + 3 <= size && !stop) {
             size_t len = 0;
             const quint8 *b = f.span(p, &len);
             if (!b || !len)
                 break;
             const size_t safe = len >= 4 ? len - 3 : 0;
-            for (size_t i = 0; i < safe; ++i)
-                if (first[b[i]] && test(b + i))
+            for (size_t i = first.findIn(b, safe); i < safe; i += 1 + first.findIn(b + i + 1, safe - i - 1))
+                if (test(b + i))
                     return p + i;
             for (size_t i = safe; i < len && p + i + 3 <= size; ++i) {
                 quint8 t[4];
                 const quint8 *c = BytesAt(f, p + i, t, 4);
-                if (first[c[0]] && test(c))
+                if (first.has(c[0]) && test(c))
                     return p + i;
             }
             p += len;
@@ -89,14 +90,14 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         }
         return size;
     };
-    bool zeroFirst[256] = {}, knownFirst[256] = {};
-    zeroFirst[0] = true;
+    ByteSet zeroFirst, knownFirst;
+    zeroFirst.add(0);
     {
         QFile list(args.strAudioUnique);
         if (withSound && list.open(QIODevice::ReadOnly)) {
             const QByteArray r = list.readAll();
             for (int i = 0; i + 3 <= r.size(); i += 3)
-                knownFirst[quint8(r[i])] = true;
+                knownFirst.add(quint8(r[i]));
         }
     }
 
