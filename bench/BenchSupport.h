@@ -13,6 +13,7 @@
 #include <QStringList>
 #include <cstdio>
 #include <sys/resource.h>
+#include <unistd.h>
 
 namespace bench {
 
@@ -30,6 +31,21 @@ inline int videoPackets(const QString &clip)
                         "stream=nb_read_packets", "-of", "csv=p=0", clip});
     p.waitForFinished(-1);
     return p.readAllStandardOutput().trimmed().toInt();
+}
+
+// A timed run starts as `cat > file` beside it does: what the previous run
+// wrote is removed just before, then a sync. This machine hands memory left
+// free for a few seconds back to its host, and writing into such memory costs
+// several times more: both sides start alike, with the last output just gone.
+inline void startLikeCatCopy(const QStringList &leftovers)
+{
+    for (const QString &path : leftovers) {
+        if (QFileInfo(path).isDir())
+            QDir(path).removeRecursively();
+        else
+            QFile::remove(path);
+    }
+    ::sync();
 }
 
 // Repairs file on the worker thread as the window would, with ffmpeg out of

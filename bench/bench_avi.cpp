@@ -47,12 +47,10 @@ int main(int argc, char **argv)
     const QString whole = dir + "/avi-1g-whole.avi";
     if (!QFile::exists(big) && (!bench::loopToGigabyte(clip, whole) || !cutIndex(whole) || !QFile::rename(whole, big)))
         return 1;
-    ::sync();
+    bench::startLikeCatCopy({dir + "/Repaired"});
     const double secs = bench::timedRepair(big, QString(), dir), mb = QFileInfo(big).size() / 1e6;
     const QString result = dir + "/Repaired/" + QFileInfo(big).fileName();
     std::printf("avi repair: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, result %.1f MB\n", mb, secs, mb / secs,
                 bench::peakMemoryMb(), QFileInfo(result).size() / 1e6);
-    if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
-        QDir(dir + "/Repaired").removeRecursively();
     return 0;
 }

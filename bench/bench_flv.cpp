@@ -47,13 +47,11 @@ int main(int argc, char **argv)
         return 1;
     if (!makeBig(clip, big))
         return 1;
-    ::sync();
+    bench::startLikeCatCopy({dir + "/Repaired"});
     const double secs = bench::timedRepair(big, QString(), dir), mb = QFileInfo(big).size() / 1e6;
     const QString result = dir + "/Repaired/" + QFileInfo(big).fileName();
     std::printf("flv: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, tags %llu video + %llu sound, result %.1f MB\n",
                 mb, secs, mb / secs, bench::peakMemoryMb(), (unsigned long long)pApp.carve.videoUnits,
                 (unsigned long long)pApp.carve.soundFrames, QFileInfo(result).size() / 1e6);
-    if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
-        QDir(dir + "/Repaired").removeRecursively();
     return 0;
 }

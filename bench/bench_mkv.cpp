@@ -41,14 +41,14 @@ int main(int argc, char **argv)
         return 1;
     if (!bench::loopToGigabyte(clip, big, {"-write_crc32", "0"}))
         return 1;
-    ::sync();
+    const QString logPath = dir + "/mkv-log.txt", out = dir + "/mkv-rebuilt.webm";
+    bench::startLikeCatCopy({dir + "/mkv-video.h264", dir + "/mkv-audio.aac"});
     const double mb = QFileInfo(big).size() / 1e6;
     const std::atomic<bool> stop{false};
     BufferedReader file;
     if (!file.open(big))
         return 1;
 
-    const QString logPath = dir + "/mkv-log.txt", out = dir + "/mkv-rebuilt.webm";
     QElapsedTimer clock;
     clock.start();
     const mkv::Heads heads = mkv::FindHeads(file, file.size(), stop);
@@ -62,9 +62,8 @@ int main(int argc, char **argv)
     report("mkv rebuild", mb, clock.nsecsElapsed() / 1e9, QFileInfo(out).size());
     if (!error.isEmpty())
         std::printf("rebuild failed: %s\n", qPrintable(error));
-    QFile::remove(out);
-    QFile::remove(logPath);
 
+    bench::startLikeCatCopy({out, logPath});
     QFile video(dir + "/mkv-video.h264"), audio(dir + "/mkv-audio.aac");
     if (!video.open(QIODevice::WriteOnly | QIODevice::Truncate) || !audio.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return 1;
@@ -76,7 +75,5 @@ int main(int argc, char **argv)
     report("mkv carve", mb, clock.nsecsElapsed() / 1e9, qint64(video.size() + audio.size()));
     std::printf("  %llu clusters; %llu video units, %llu audio frames\n", (unsigned long long)clusters.clusters,
                 (unsigned long long)carved.videoUnits, (unsigned long long)carved.audioFrames);
-    video.remove();
-    audio.remove();
     return 0;
 }

@@ -137,9 +137,7 @@ int main(int argc, char **argv)
         log.remove();
     }
 
-    // Earlier runs' output still being written back would slow this one down
-    // by chance: the disk starts idle.
-    ::sync();
+    bench::startLikeCatCopy({dir + "/Repaired"});
     // The rebuild needs no ffmpeg; nothing else may run it.
     const double secs = bench::timedRepair(big, sample, dir), mb = QFileInfo(big).size() / 1e6;
     struct rusage ru;
@@ -149,7 +147,5 @@ int main(int argc, char **argv)
                 "frames, sound pieces %llu, result %.1f MB\n",
                 kind->name, mb, secs, mb / secs, ru.ru_maxrss / 1024, (unsigned long long)pApp.carve.videoUnits,
                 frames, (unsigned long long)pApp.carve.soundFrames, QFileInfo(result).size() / 1e6);
-    if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
-        QDir(dir + "/Repaired").removeRecursively();
     return 0;
 }

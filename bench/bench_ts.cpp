@@ -35,19 +35,18 @@ int main(int argc, char **argv)
         || !bench::loopToGigabyte(tsClip, bigTs, {"-f", "mpegts"}))
         return 1;
 
-    ::sync();
+    bench::startLikeCatCopy({dir + "/Repaired", dir + "/video.h264", dir + "/audio.aac"});
     double secs = bench::timedRepair(bigMts, QString(), dir), mb = QFileInfo(bigMts).size() / 1e6;
     const QString result = dir + "/Repaired/" + QFileInfo(bigMts).fileName();
     std::printf("mts filter: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, result %.1f MB\n", mb, secs,
                 mb / secs, bench::peakMemoryMb(), QFileInfo(result).size() / 1e6);
-    QFile::remove(result);
 
     BufferedReader src;
     QFile video(dir + "/video.h264"), audio(dir + "/audio.aac");
+    bench::startLikeCatCopy({result});
     if (!src.open(bigTs) || !video.open(QIODevice::WriteOnly | QIODevice::Truncate)
         || !audio.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return 1;
-    ::sync();
     const std::atomic<bool> stop{false};
     QElapsedTimer clock;
     clock.start();
@@ -58,9 +57,5 @@ int main(int argc, char **argv)
     mb = src.size() / 1e6;
     std::printf("ts demux: %.1f MB in %.2f s = %.0f MB/s, peak memory %ld MB, video %.1f MB, %llu ADTS frames\n", mb,
                 secs, mb / secs, bench::peakMemoryMb(), r.videoBytes / 1e6, static_cast<unsigned long long>(r.audioFrames));
-    QFile::remove(video.fileName());
-    QFile::remove(audio.fileName());
-    if (!qEnvironmentVariableIsSet("VM_BENCH_KEEP"))
-        QDir(dir + "/Repaired").removeRecursively();
     return 0;
 }

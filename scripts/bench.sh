@@ -135,3 +135,5 @@ best "$dir/ts.log" "ts demux"
 echo
 echo "path               MB/s    cat  share  cat>file  share"
 cat "$summary"
+# What the last runs wrote (each run removes its predecessor's output first).
+rm -rf "$dir/Repaired" "$dir/video.h264" "$dir/audio.aac" "$dir/mkv-video.h264" "$dir/mkv-audio.aac"
