@@ -8,7 +8,7 @@
 #include "containers/ContainerConstants.h"
 #include "containers/ContainerOutput.h"
 #include "mux/MuxStages.h"
-#include "rebuild/RebuildOutput.h"
+#include "rebuild/CopyQueue.h"
 #include "repair/BufferedReader.h"
 #include "repair/StageProgress.h"
 #include "repair/ThreadVideoRepair.h"
@@ -34,15 +34,17 @@ const MtsPattern *mtsClass(const quint8 *b)
     return nullptr;
 }
 
-// Writes the MTS output: fixed packets through the file's buffer, and
-// packets that follow each other in the damaged file as one copy, made by
-// the kernel file to file where it can. A run is held back until a packet
-// lies elsewhere, a fixed packet goes between, or it has grown to kRunLimit.
+// Writes the MTS output: packets that follow each other in the damaged file
+// go as one copy, made on a thread of its own (by the kernel file to file
+// where it can) while the filter reads on; fixed packets go between them in
+// order. A run is held back until a packet lies elsewhere, a fixed packet
+// goes between, or it has grown to kRunLimit.
 class MtsOut
 {
 public:
     MtsOut(QFile &file, BufferedReader &src, const std::atomic<bool> &stop)
-        : m_out(file), m_src(src), m_size(src.size()), m_stop(stop)
+        : m_file(file), m_size(src.size()), m_at(file.flush() ? quint64(file.pos()) : 0),
+          m_copies(src.fd(), file.handle(), stop)
     {
     }
     // Takes `len` bytes at `pos`, or what of them the file holds; returns how many.
@@ -67,28 +69,36 @@ public:
         quint8 packet[kMtsPacket];
         std::memset(packet, 0xFF, sizeof packet);
         std::memcpy(packet, bytes, N);
-        m_out.write(packet, sizeof packet);
+        m_copies.write(QByteArray(reinterpret_cast<const char *>(packet), int(sizeof packet)), m_at);
+        m_at += kMtsPacket;
     }
+    // Waits for every copy; the file then stands at its end.
+    void finish()
+    {
+        flush();
+        m_error = m_copies.finish();
+        m_file.seek(qint64(m_at));
+    }
+    bool failed() const { return m_error != 0 || m_file.error() != QFileDevice::NoError; }
+    QString errorString() const { return m_error ? QString::fromLocal8Bit(std::strerror(m_error)) : m_file.errorString(); }
+
+private:
     void flush()
     {
         if (m_end > m_begin) {
-            if (!m_buffer)
-                m_buffer.reset(new quint8[rebuild::kCopyBuffer]);
-            m_out.copyFrom(m_src, m_begin, m_end - m_begin, m_buffer.get(), m_stop);
+            m_copies.copy(m_begin, m_end - m_begin, m_at);
+            m_at += m_end - m_begin;
         }
         m_begin = m_end;
     }
-    bool failed() const { return m_out.failed(); }
-    QString errorString() const { return m_out.errorString(); }
 
-private:
     static constexpr quint64 kRunLimit = 8 << 20;
-    rebuild::Output m_out;
-    BufferedReader &m_src;
+    QFile &m_file;
     const quint64 m_size;
-    const std::atomic<bool> &m_stop;
-    std::unique_ptr<quint8[]> m_buffer; // for copies the kernel can't make
+    quint64 m_at; // where the next bytes go in the output
     quint64 m_begin = 0, m_end = 0;
+    int m_error = 0;
+    rebuild::CopyQueue m_copies;
 };
 
 // Emits a value only when it is new and inside the range.
@@ -173,8 +183,7 @@ MtsResult FilterMts(BufferedReader &src, QFile &file, const std::atomic<bool> &s
             }
         }
     }
-    runs.flush();
-    file.flush();
+    runs.finish();
     r.failed = runs.failed();
     if (r.failed)
         r.errorText = runs.errorString();
