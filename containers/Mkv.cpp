@@ -1,6 +1,7 @@
 #include "containers/Mkv.h"
 
 #include "carve/audio/Adts.h"
+#include "carve/audio/StreamOut.h"
 #include "containers/ContainerConstants.h"
 #include "rebuild/LogReader.h"
 #include "rebuild/RebuildOutput.h"
@@ -57,20 +58,48 @@ const FollowRow kFollowRows[] = {
 // than the file's end, a window of the reader at a time: nothing is read or
 // allocated by a length. (The kernel's file-to-file copy was slower here:
 // the pieces are NAL units of tens of kilobytes.)
+// Where the carve writes a stream: a file goes through a writer thread with
+// large buffers (chains of units copied by the kernel where it can), any
+// other device through its own write().
 class Sink
 {
 public:
-    Sink(QIODevice &device, BufferedReader &src) : m_device(device), m_src(src) {}
+    Sink(QIODevice &device, BufferedReader &src) : m_device(device), m_src(src)
+    {
+        QFile *file = qobject_cast<QFile *>(&device);
+        if (file && file->handle() >= 0)
+            m_stream.reset(new StreamOut(file));
+    }
+    ~Sink() { finish(); }
     void write(const void *bytes, qint64 n)
     {
-        if (m_device.write(static_cast<const char *>(bytes), n) != n)
+        if (m_stream)
+            m_stream->write(bytes, size_t(n));
+        else if (m_device.write(static_cast<const char *>(bytes), n) != n)
             m_failed = true;
+    }
+    // A start code, then the unit of n bytes behind its length at pos;
+    // returns the count of its bytes the file held.
+    quint64 unit(quint64 pos, quint64 n, const std::atomic<bool> &stop)
+    {
+        const quint64 size = m_src.size();
+        if (m_stream && pos + 4 <= size && n <= size - pos - 4) {
+            m_stream->unit(m_src, pos, n);
+            return n;
+        }
+        static const quint8 kStartCode[4] = {0, 0, 0, 1};
+        write(kStartCode, 4);
+        return copy(pos + 4, n, stop);
     }
     // Returns the count of bytes the file held.
     quint64 copy(quint64 pos, quint64 n, const std::atomic<bool> &stop)
     {
         const quint64 size = m_src.size();
         n = pos >= size ? 0 : std::min(n, size - pos);
+        if (m_stream) {
+            m_stream->copy(m_src, pos, n);
+            return n;
+        }
         for (quint64 left = n; left && !m_failed && !stop;) {
             size_t len = 0;
             const quint8 *p = m_src.span(pos, &len);
@@ -83,11 +112,22 @@ public:
         }
         return n;
     }
-    bool failed() const { return m_failed; }
+    // Everything written out; the device then stands at its end.
+    void finish()
+    {
+        if (!m_stream)
+            return;
+        m_stream->detach();
+        m_failed = m_failed || m_stream->error() != 0;
+        m_stream.reset();
+        m_device.seek(m_device.size());
+    }
+    bool failed() const { return m_failed || (m_stream && m_stream->error() != 0); }
 
 private:
     QIODevice &m_device;
     BufferedReader &m_src;
+    std::unique_ptr<StreamOut> m_stream;
     bool m_failed = false;
 };
 
@@ -399,7 +439,6 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
     quint64 pos = next(0, quint8(kCluster[0]));
     while (pos < size && !stop && !file.tagAt(pos, kCluster))
         pos = next(pos + 1, quint8(kCluster[0]));
-    static const quint8 kStartCode[4] = {0, 0, 0, 1};
     while (pos < size && !stop && !videoOut.failed() && !audioOut.failed()) {
         if (file.u8(pos) != kSimpleBlock) {
             pos = next(pos + 1, kSimpleBlock);
@@ -428,8 +467,7 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
                     ++pos; // a length of 0 would never move on
                     break;
                 }
-                videoOut.write(kStartCode, 4);
-                c.videoBytes += videoOut.copy(pos + 4, n, stop);
+                c.videoBytes += videoOut.unit(pos, n, stop);
                 ++c.videoUnits;
                 pos += 4 + n;
                 percent.at(pos);
@@ -464,6 +502,8 @@ Carved CarveBlocks(BufferedReader &file, QIODevice &video, QIODevice &audio, Rep
             pos = track + 1;
         }
     }
+    videoOut.finish();
+    audioOut.finish();
     c.written = !videoOut.failed() && !audioOut.failed();
     return c;
 }
