@@ -18,8 +18,10 @@ public:
     {
         if (m_in[v])
             return;
+#if defined(__SSE2__)
         if (m_count < 16)
-            m_values[m_count] = v;
+            m_wanted[m_count] = _mm_set1_epi8(char(v));
+#endif
         m_in[v] = true;
         ++m_count;
     }
@@ -30,14 +32,11 @@ public:
         size_t i = 0;
 #if defined(__SSE2__)
         if (m_count <= 16) {
-            __m128i wanted[16];
-            for (int k = 0; k < m_count; ++k)
-                wanted[k] = _mm_set1_epi8(char(m_values[k]));
             for (; i + 16 <= n; i += 16) {
                 const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + i));
                 __m128i any = _mm_setzero_si128();
                 for (int k = 0; k < m_count; ++k)
-                    any = _mm_or_si128(any, _mm_cmpeq_epi8(v, wanted[k]));
+                    any = _mm_or_si128(any, _mm_cmpeq_epi8(v, m_wanted[k]));
                 if (const int mask = _mm_movemask_epi8(any))
                     return i + size_t(__builtin_ctz(unsigned(mask)));
             }
@@ -48,9 +47,36 @@ public:
         return i;
     }
 
+    // The first i in [0, n) whose byte is in the set and whose next byte is
+    // in `next`; n if none. b[n] must be readable.
+    size_t findPairIn(const ByteSet &next, const quint8 *b, size_t n) const
+    {
+        size_t i = 0;
+#if defined(__SSE2__)
+        if (m_count <= 16 && next.m_count <= 16) {
+            for (; i + 16 <= n; i += 16) {
+                const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + i));
+                const __m128i w = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + i + 1));
+                __m128i here = _mm_setzero_si128(), after = _mm_setzero_si128();
+                for (int k = 0; k < m_count; ++k)
+                    here = _mm_or_si128(here, _mm_cmpeq_epi8(v, m_wanted[k]));
+                for (int k = 0; k < next.m_count; ++k)
+                    after = _mm_or_si128(after, _mm_cmpeq_epi8(w, next.m_wanted[k]));
+                if (const int mask = _mm_movemask_epi8(_mm_and_si128(here, after)))
+                    return i + size_t(__builtin_ctz(unsigned(mask)));
+            }
+        }
+#endif
+        while (i < n && !(m_in[b[i]] && next.m_in[b[i + 1]]))
+            ++i;
+        return i;
+    }
+
 private:
+#if defined(__SSE2__)
+    __m128i m_wanted[16] = {}; // the first 16 values, each in every byte
+#endif
     bool m_in[256] = {};
-    quint8 m_values[16] = {};
     int m_count = 0; // distinct values added
 };
 

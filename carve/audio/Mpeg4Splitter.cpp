@@ -41,8 +41,10 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
     }
     StreamOut video(args.fpVideo.get(), !env.plainWalk), sound(args.fpAudio.get(), !env.plainWalk);
 
-    // The openings of the sample's sound, whole records only, as a set of 2^24 bits.
-    std::vector<quint64> known(size_t(1) << 18, 0);
+    // The openings of the sample's sound, whole records only, as a set of 2^24
+    // bits; their first two bytes as a set of 2^16 bits that stays in the
+    // cache and turns away most chance candidates first.
+    std::vector<quint64> known(size_t(1) << 18, 0), knownPairs(size_t(1) << 10, 0);
     bool anyKnown = false;
     {
         QFile list(args.strAudioUnique);
@@ -51,13 +53,17 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
             for (int i = 0; i + 3 <= r.size(); i += 3) {
                 const quint32 v = quint32(quint8(r[i])) << 16 | quint32(quint8(r[i + 1])) << 8 | quint8(r[i + 2]);
                 known[v >> 6] |= quint64(1) << (v & 63);
+                knownPairs[v >> 14] |= quint64(1) << ((v >> 8) & 63);
                 anyKnown = true;
             }
         }
     }
     auto isKnown = [&](const quint8 *b) {
-        const quint32 v = quint32(b[0]) << 16 | quint32(b[1]) << 8 | b[2];
-        return (known[v >> 6] >> (v & 63)) & 1;
+        const quint32 pair = quint32(b[0]) << 8 | b[1];
+        if (!((knownPairs[pair >> 6] >> (pair & 63)) & 1))
+            return false;
+        const quint32 v = pair << 8 | b[2];
+        return bool((known[v >> 6] >> (v & 63)) & 1);
     };
     PercentProgress progress(env.progress, size);
     auto writeAac = [&](quint64 from, quint64 n) {
@@ -69,14 +75,16 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
     // The first position from p where test holds for the bytes there; `size`
     // when none. Positions whose first byte can't start a match are passed over
     // inside the window; the last three of a window are read across its end.
-    auto scan = [&](quint64 p, const ByteSet &first, auto test) {
+    auto scan = [&](quint64 p, const ByteSet &first, const ByteSet *second, auto test) {
         while (p + 3 <= size && !stop) {
             size_t len = 0;
             const quint8 *b = f.span(p, &len);
             if (!b || !len)
                 break;
             const size_t safe = len >= 4 ? len - 3 : 0;
-            for (size_t i = first.findIn(b, safe); i < safe; i += 1 + first.findIn(b + i + 1, safe - i - 1))
+            // An opening's first two bytes are both known: one pass finds such pairs.
+            auto nextAt = [&](size_t from) { return from + first.findPairIn(*second, b + from, safe - from); };
+            for (size_t i = nextAt(0); i < safe; i = nextAt(i + 1))
                 if (test(b + i))
                     return p + i;
             for (size_t i = safe; i < len && p + i + 3 <= size; ++i) {
@@ -90,14 +98,16 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         }
         return size;
     };
-    ByteSet zeroFirst, knownFirst;
-    zeroFirst.add(0);
+    ByteSet zero, knownFirst, knownSecond;
+    zero.add(0);
     {
         QFile list(args.strAudioUnique);
         if (withSound && list.open(QIODevice::ReadOnly)) {
             const QByteArray r = list.readAll();
-            for (int i = 0; i + 3 <= r.size(); i += 3)
+            for (int i = 0; i + 3 <= r.size(); i += 3) {
                 knownFirst.add(quint8(r[i]));
+                knownSecond.add(quint8(r[i + 1]));
+            }
         }
     }
 
@@ -133,8 +143,8 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         }
         // The frame runs to the first known opening of sound (without sound, to
         // the next frame start).
-        const quint64 end = withSound ? scan(pos + 1, knownFirst, [&](const quint8 *b) { return isKnown(b); })
-                                      : scan(pos + 1, zeroFirst, [](const quint8 *b) { return frameStart(b); });
+        const quint64 end = withSound ? scan(pos + 1, knownFirst, &knownSecond, [&](const quint8 *b) { return isKnown(b); })
+                                      : scan(pos + 1, zero, &zero, [](const quint8 *b) { return frameStart(b); });
         const quint64 length = end - pos;
         // A frame that runs to the end of the file isn't taken (no opening ended it).
         if (length != 0 && length < size - pos) {
@@ -164,7 +174,7 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
                 p += 2 * kPaddingInner;
                 continue;
             }
-            if (isKnown(b)) {
+            if (knownFirst.has(b[0]) && isKnown(b)) {
                 writeAac(frame, p - frame);
                 frame = p;
             }
