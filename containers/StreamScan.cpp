@@ -2,6 +2,7 @@
 
 #include "carve/video/CarveStages.h"
 #include "containers/ContainerConstants.h"
+#include "rebuild/PlacedPieces.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
@@ -77,9 +78,9 @@ class Walk
 {
 public:
     Walk(BufferedReader &f, QIODevice *log, const std::atomic<bool> &stop, StageProgress *progress,
-         quint64 rangeCap)
+         quint64 rangeCap, rebuild::PlacedPieces *pieces)
         : m_file(f), m_size(f.size()), m_log(log && log->isOpen() ? log : nullptr), m_stop(stop),
-          m_progress(progress), m_range(qMin(m_size, rangeCap))
+          m_progress(progress), m_range(qMin(m_size, rangeCap)), m_pieces(pieces)
     {
         if (m_progress)
             m_progress->setRange(qint64(m_range));
@@ -168,6 +169,8 @@ private:
     {
         if (!m_log)
             return;
+        if (m_pieces)
+            m_pieces->add(pos, size);
         m_pending += m_cipher.EncryptLine(QStringLiteral("%1 at = %2 Size = %3")
                                               .arg(QLatin1String(label)).arg(pos).arg(size)).toLatin1();
         m_pending += "\r\n";
@@ -187,6 +190,7 @@ private:
     const std::atomic<bool> &m_stop;
     StageProgress *m_progress;
     const quint64 m_range;
+    rebuild::PlacedPieces *m_pieces;
     quint64 m_shown = 0;
     RepairLine m_cipher;
     QByteArray m_pending;
@@ -320,9 +324,9 @@ void WalkMotionJpeg(Walk &w)
 } // namespace
 
 Found Scan(Family family, BufferedReader &file, QIODevice *log, const std::atomic<bool> &stop,
-           StageProgress *progress)
+           StageProgress *progress, rebuild::PlacedPieces *pieces)
 {
-    Walk w(file, log, stop, progress, family == Family::MotionJpeg ? kJpegRangeCap : kRangeCap);
+    Walk w(file, log, stop, progress, family == Family::MotionJpeg ? kJpegRangeCap : kRangeCap, pieces);
     switch (family) {
     case Family::ThreeGp: Walk3gp(w); break;
     case Family::ProRes: WalkProRes(w); break;
@@ -352,7 +356,12 @@ void RunScan(ThreadVideoRepair &t, streamscan::Family family)
     RepairState &s = pApp;
     s.bMuxedResult = false;
     ThreadProgress progress(t);
-    const streamscan::Found found = streamscan::Scan(family, t.pSource, &t.hLog, s.bStopRepair, &progress);
+    // The rebuild's copy of the pieces starts now, beside the scan.
+    t.pPlaced.reset(rebuild::PlacedPieces::Enabled() ? new rebuild::PlacedPieces : nullptr);
+    if (t.pPlaced && !t.pPlaced->start(t.strRepairedDir + "/" + t.strFileName, t.pSource, s.ullFileSize, s.bStopRepair))
+        t.pPlaced.reset();
+    const streamscan::Found found =
+        streamscan::Scan(family, t.pSource, &t.hLog, s.bStopRepair, &progress, t.pPlaced.get());
     s.carve.carved = true;
     s.carve.videoUnits = found.videoPieces;
     s.carve.soundFrames = found.soundPieces;

@@ -17,6 +17,9 @@
 class BufferedReader;
 class QIODevice;
 class StageProgress;
+namespace rebuild {
+class PlacedPieces;
+}
 
 namespace streamscan {
 
@@ -29,9 +32,10 @@ struct Found
 };
 
 // Walks `file` from its start to its end, or to a stop. Lines go to `log`
-// when it is open; progress to `progress` when it isn't null.
+// when it is open; progress to `progress` when it isn't null; each piece
+// also to `pieces` when it isn't null (the rebuild's copy, started early).
 Found Scan(Family family, BufferedReader &file, QIODevice *log, const std::atomic<bool> &stop,
-           StageProgress *progress);
+           StageProgress *progress, rebuild::PlacedPieces *pieces = nullptr);
 
 // The name of a family's pictures, for reasons shown to the user.
 const char *FamilyName(Family family);

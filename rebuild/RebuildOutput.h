@@ -15,6 +15,7 @@ public:
     explicit Output(QFile &file) : m_file(file) {}
     quint64 pos() const { return quint64(m_file.pos()); }
     bool seek(quint64 at) { return m_file.seek(qint64(at)); }
+    bool resizeTo(quint64 size) { return m_file.flush() && m_file.resize(qint64(size)); }
     void write(const void *data, size_t n) { m_file.write(static_cast<const char *>(data), qint64(n)); }
     template <size_t N>
     void put(const Bytes<N> &b) { write(b.data(), N); }

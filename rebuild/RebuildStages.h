@@ -20,6 +20,7 @@ class BufferedReader;
 
 namespace rebuild {
 
+class PlacedPieces;
 using Progress = ::StageProgress;
 
 struct Env
@@ -33,6 +34,7 @@ struct Env
     QList<quint32> &videoRuns, &soundRuns;
     Progress *progress = nullptr;        // may be null
     QString workBase;                    // the chains' work folder lies in it
+    PlacedPieces *placed = nullptr;      // pieces a scan copied already, if any
 };
 
 // Writes outputPath from the log and lists it in state.lstRepairedFiles; when

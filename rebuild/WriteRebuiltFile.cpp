@@ -3,6 +3,7 @@
 // members of the rebuild, which hand the stages the thread's own members.
 
 #include "rebuild/LogReader.h"
+#include "rebuild/PlacedPieces.h"
 #include "rebuild/RebuildConstants.h"
 #include "rebuild/RebuildOutput.h"
 #include "rebuild/RebuildStages.h"
@@ -40,35 +41,52 @@ void writeLead(Env &env, Output &out)
 }
 
 // Copies the listed pieces behind the mdat header, in log order, and counts
-// them in state.ullMdatSize. Ends early on a stop.
-void copyPieces(Env &env, const QString &logPath, Output &out)
+// them in state.ullMdatSize. Ends early on a stop. With `placed` the pieces
+// stand in the file already: they are only counted, and false is returned
+// (nothing changed) when the log lists other pieces than were placed.
+bool copyPieces(Env &env, const QString &logPath, Output &out, const PlacedPieces *placed)
 {
     RepairState &s = env.state;
     LogReader log(logPath);
     if (s.ullFileSize > kBigFile && env.progress)
         env.progress->setRange(kProgressRange);
     std::unique_ptr<quint8[]> buffer;
+    // A piece that doesn't end before the end of the damaged file (nor one
+    // ending exactly there) is counted but not copied, so the tables still
+    // describe every listed piece. The count stops at the damaged file's
+    // size, so no size field can make the output gigabytes long; pieces past
+    // that aren't copied.
+    PieceCount count;
+    count.fileSize = s.ullFileSize;
+    count.sourceOpen = env.source.isOpen();
+    const quint64 start = out.pos();
     Piece piece;
+    bool soundListed = false;
     while (!s.bStopRepair && !out.failed() && log.next(piece)) {
         if (piece.kind == PieceKind::Sound)
-            s.bInSoundTrak = true;
-        // A piece that doesn't end before the end of the damaged file (nor
-        // one ending exactly there) is counted but not copied, so the tables
-        // still describe every listed piece.
-        const bool inFile = env.source.isOpen() && piece.offset < s.ullFileSize
-                            && piece.size < s.ullFileSize - piece.offset;
-        // The count stops at the damaged file's size, so no size field can
-        // make the output gigabytes long; pieces past that aren't copied.
-        const quint64 room = s.ullFileSize - qMin(s.ullMdatSize, s.ullFileSize);
-        s.ullMdatSize = piece.size < room ? s.ullMdatSize + piece.size : s.ullFileSize;
-        if (!inFile || piece.size > room)
+            soundListed = true;
+        const bool copy = count.add(piece.offset, piece.size);
+        s.ullMdatSize = count.mdatSize;
+        if (!copy)
             continue;
-        if (!buffer)
-            buffer.reset(new quint8[kCopyBuffer]);
-        out.copyFrom(env.source, piece.offset, piece.size, buffer.get(), s.bStopRepair);
+        if (!placed) {
+            if (!buffer)
+                buffer.reset(new quint8[kCopyBuffer]);
+            out.copyFrom(env.source, piece.offset, piece.size, buffer.get(), s.bStopRepair);
+        }
         if (!s.bStopRepair && env.progress)
             env.progress->setValue(qint64(quint32(s.ullMdatSize)));
     }
+    if (placed) {
+        const PieceCount &was = placed->count();
+        if (!s.bStopRepair && (count.pieces != was.pieces || count.copied != was.copied || count.hash != was.hash))
+            return false;
+        // What the walk would have copied by now, and no more.
+        out.resizeTo(start + count.copied);
+        out.seek(start + count.copied);
+    }
+    s.bInSoundTrak = s.bInSoundTrak || soundListed;
+    return true;
 }
 
 bool sameFile(const QString &a, const QString &b)
@@ -96,19 +114,34 @@ void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPat
         qWarning().noquote() << "Rebuild: the output would overwrite the damaged file" << outputPath;
         return;
     }
+    // Pieces a scan copied into this very file while it ran are taken as
+    // they stand when the log lists the same; otherwise they are copied anew.
+    PlacedPieces *placed = env.placed && env.placed->target() == outputPath && env.placed->finish()
+                                   && env.placed->count().fileSize == s.ullFileSize && env.placed->handOver()
+                               ? env.placed : nullptr;
+    if (env.placed && !placed)
+        env.placed->discard();
     env.output.reset(new QFile(outputPath));
-    if (!env.output->open(QIODevice::ReadWrite | QIODevice::Truncate)) {
+    if (!env.output->open(placed ? QIODevice::ReadWrite : QIODevice::ReadWrite | QIODevice::Truncate)) {
         qWarning().noquote() << "Rebuild: can't create" << outputPath << env.output->errorString();
         env.output.reset();
         return;
     }
     s.lstRepairedFiles << outputPath;
     Output out(*env.output);
-    writeLead(env, out);
-    out.seek(s.nLeadAtomSize);
-    out.put(kMdatHead);
+    auto frame = [&](const PlacedPieces *in) {
+        s.ullMdatSize = 0;
+        writeLead(env, out);
+        out.seek(s.nLeadAtomSize);
+        out.put(kMdatHead);
+        return (!in || in->lead() == s.nLeadAtomSize) && copyPieces(env, logPath, out, in);
+    };
     // After a stop the file is still closed off, on what was copied so far.
-    copyPieces(env, logPath, out);
+    if (!frame(placed)) {
+        out.resizeTo(0);
+        out.seek(0);
+        frame(nullptr);
+    }
     if (out.failed()) {
         qWarning().noquote() << "Rebuild: copying into" << outputPath << "failed:" << out.errorString();
         s.carve.fail(outcome::Why::WriteFailed, out.errorString());
@@ -133,7 +166,7 @@ void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPat
 #define VM_REBUILD_ENV                                                                                  \
     ThreadProgress progress(*this);                                                                     \
     rebuild::Env env{pApp,      pSource,   pOutput, pVideoStsd, pSoundStsd, lstVideoChunkSamples, \
-                     lstSoundChunkSamples, &progress, strBaseCopy}
+                     lstSoundChunkSamples, &progress, strBaseCopy, pPlaced.get()}
 
 void ThreadVideoRepair::WriteRebuiltFile(const QString &logPath)
 {

@@ -134,6 +134,7 @@ bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
         CloseLog();
         if (!pApp.bStopRepair)
             WriteRebuiltFile(strLogPath);
+        pPlaced.reset(); // pieces no rebuild took over are removed
         if (!pApp.bStopRepair) {
             if (pApp.nFormatCode == 3) {
                 Q_EMIT WriteStatus(true, hasVideo_Strh, strFileName, false);

@@ -7,6 +7,7 @@
 #include "containers/Avi.h"
 #include "containers/Asf.h"
 #include "containers/Mkv.h"
+#include "rebuild/PlacedPieces.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairState.h"
 #include "repair/StageProgress.h"
@@ -40,6 +41,7 @@ public:
     // --- Members, in the order the rest of the engine knows them ---
     BufferedReader pSource;  // the damaged file, read-only
     std::unique_ptr<QFile> pOutput;
+    std::unique_ptr<rebuild::PlacedPieces> pPlaced; // a scan's pieces, copied while it ran
     BufferedReader pSample;  // the sample, read-only
     QFile hLog;              // logFile.txt
     QString strRepairedDir;

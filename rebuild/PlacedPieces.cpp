@@ -1,0 +1,125 @@
+#include "rebuild/PlacedPieces.h"
+
+#include "rebuild/RebuildConstants.h"
+#include "repair/BufferedReader.h"
+
+#include <QFileInfo>
+#include <cstdio>
+
+namespace rebuild {
+
+bool PieceCount::add(quint64 offset, quint64 size)
+{
+    const bool inFile = sourceOpen && offset < fileSize && size < fileSize - offset;
+    const quint64 room = fileSize - qMin(mdatSize, fileSize);
+    mdatSize = size < room ? mdatSize + size : fileSize;
+    if (!inFile || size > room)
+        return false;
+    hash = (hash ^ offset) * 0x100000001b3ull;
+    hash = (hash ^ size) * 0x100000001b3ull;
+    copied += size;
+    ++pieces;
+    return true;
+}
+
+quint64 LeadSize(BufferedReader &source, quint64 fileSize)
+{
+    if (!source.isOpen() || !source.tagAt(4, kFtypTag) || source.be32(0) > fileSize)
+        return kTemplateLead;
+    return source.be32(0);
+}
+
+namespace {
+constexpr quint64 kRunLimit = quint64(64) << 20; // bytes a single copy job takes at most
+std::atomic<bool> g_enabled{true};
+} // namespace
+
+void PlacedPieces::SetEnabled(bool on) { g_enabled = on; }
+bool PlacedPieces::Enabled() { return g_enabled; }
+
+PlacedPieces::~PlacedPieces() { discard(); }
+
+bool PlacedPieces::start(const QString &outputPath, BufferedReader &source, quint64 fileSize,
+                         const std::atomic<bool> &stop)
+{
+    discard();
+    const QString canonical = QFileInfo(outputPath).canonicalFilePath();
+    if (!source.isOpen() || (!canonical.isEmpty() && canonical == QFileInfo(source.path()).canonicalFilePath()))
+        return false;
+    // Under a name of its own until the rebuild takes it: a stop leaves
+    // whatever stood under the output's name as it was.
+    const QFileInfo out(outputPath);
+    m_file.setFileName(out.absolutePath() + "/." + out.fileName() + ".part");
+    if (!m_file.open(QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::NewOnly))
+        return false;
+    m_path = m_file.fileName();
+    m_target = outputPath;
+    m_lead = LeadSize(source, fileSize);
+    m_count = PieceCount();
+    m_count.fileSize = fileSize;
+    m_copies.reset(new CopyQueue(source.fd(), m_file.handle(), stop));
+    m_ok = true;
+    return true;
+}
+
+void PlacedPieces::add(quint64 offset, quint64 size)
+{
+    if (!m_copies)
+        return;
+    const quint64 at = m_lead + kMdatHead.size() + m_count.copied;
+    if (!m_count.add(offset, size))
+        return;
+    // Pieces that follow each other in the damaged file go as one copy.
+    if (m_runSize && offset == m_runFrom + m_runSize && m_runSize < kRunLimit) {
+        m_runSize += size;
+        return;
+    }
+    flushRun();
+    m_runFrom = offset;
+    m_runAt = at;
+    m_runSize = size;
+}
+
+void PlacedPieces::flushRun()
+{
+    if (m_copies && m_runSize)
+        m_copies->copy(m_runFrom, m_runSize, m_runAt);
+    m_runSize = 0;
+}
+
+bool PlacedPieces::finish()
+{
+    flushRun();
+    if (m_copies) {
+        m_ok = m_ok && m_copies->finish() == 0;
+        m_copies.reset();
+    }
+    m_file.close();
+    return m_ok && !m_path.isEmpty();
+}
+
+bool PlacedPieces::handOver()
+{
+    if (m_path.isEmpty() || ::rename(QFile::encodeName(m_path).constData(), QFile::encodeName(m_target).constData()) != 0) {
+        discard();
+        return false;
+    }
+    m_path.clear();
+    return true;
+}
+
+void PlacedPieces::discard()
+{
+    m_runSize = 0;
+    if (m_copies) {
+        m_copies->finish();
+        m_copies.reset();
+    }
+    m_file.close();
+    if (!m_path.isEmpty())
+        QFile::remove(m_path);
+    m_path.clear();
+    m_ok = false;
+}
+
+} // namespace rebuild
