@@ -128,8 +128,10 @@ bool ThreadVideoRepair::AtomPath(const QString &entry, const QString &sample)
         args.strSample = strSampleName;
         if (pApp.nFormatCode == 3)
             moovFound = false;
-        if (RunAtomPipelines(args, entry))
+        if (RunAtomPipelines(args, entry)) {
+            pPlaced.reset();
             return true;
+        }
 
         CloseLog();
         if (!pApp.bStopRepair)
