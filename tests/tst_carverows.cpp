@@ -20,7 +20,6 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <algorithm>
 #include <array>
 
 namespace {
@@ -56,7 +55,6 @@ const Kind kKinds[] = {
     {"pcm_ima", "mov", {"-c:a", "adpcm_ima_wav", "-ac", "2"}, false, "audio.wav", 0, kNoB},
     {"pcm_opus", "mp4", {"-c:a", "libopus", "-ac", "2"}, true, "audio.wav", 14, kNoB},
     {"pcm_ac3", "mp4", {"-c:a", "ac3", "-ac", "2"}, false, "audio.ac3", 0, kNoB},
-    {"pcm_ac3_44k", "mp4", {"-c:a", "ac3", "-ar", "44100", "-ac", "2"}, false, "audio.ac3", 0, kNoB},
     // libx264's defaults: B-frames, and P slices as 41, which the sowt and Opus sets lack.
     {"pcm_sowt_x264", "mov", {"-c:a", "pcm_s16le", "-ac", "2"}, false, "audio.wav", 0, kX264},
     {"pcm_alaw_x264", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kX264},
@@ -66,7 +64,6 @@ const Kind kKinds[] = {
     {"x265_aac_hev1", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, kX265 + QStringList{"-tag:v", "hev1"}},
     {"x265_lpcm", "mov", {"-c:a", "pcm_s24le", "-ar", "96000", "-ac", "2"}, false, "Audio.pcm", 0, kX265 + QStringList{"-tag:v", "hvc1"}},
     {"x265_alaw", "mov", {"-c:a", "pcm_alaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kX265 + QStringList{"-tag:v", "hvc1"}},
-    {"x265_ulaw", "mov", {"-c:a", "pcm_mulaw", "-ar", "8000", "-ac", "1"}, false, "audio.wav", 14, kX265 + QStringList{"-tag:v", "hvc1"}},
     // MPEG-4 Visual: frames end where an opening of the sample's sound stands.
     {"m4v_aac", "mp4", {"-c:a", "aac", "-b:a", "128k", "-ac", "2"}, false, "audio.aac", 0, {"-c:v", "mpeg4", "-q:v", "5", "-g", "30"},
      "anoisesrc=d=3:c=pink:a=0.15:r=48000:seed=7"},
@@ -83,27 +80,6 @@ const Kind kKinds[] = {
 QString cameraLayout(const QString &healthy, double seconds)
 {
     return fixtures::cameraLayout(healthy, seconds, fixtures::packets(healthy).value(1).size() / 4);
-}
-
-// The recording without its moov, every video packet behind a temporal
-// delimiter (12 00), as some recorders write AV1; ffmpeg leaves them out.
-QString withDelimiters(const QString &healthy)
-{
-    const QString dest = healthy + ".delimited.mp4";
-    if (QFileInfo(dest).size() > 0)
-        return dest;
-    const QByteArray d = readAll(healthy);
-    QByteArray media;
-    QList<QPair<quint64, QByteArray>> items; // position, bytes
-    const QVector<QVector<fixtures::Packet>> tracks = fixtures::packets(healthy);
-    for (int t = 0; t < tracks.size(); ++t)
-        for (const fixtures::Packet &p : tracks[t])
-            items << qMakePair(p.pos, (t == 0 ? QByteArray("\x12\x00", 2) : QByteArray()) + d.mid(int(p.pos), int(p.size)));
-    std::sort(items.begin(), items.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    for (const auto &i : items)
-        media += i.second;
-    const int ftyp = int(quint8(d[2])) << 8 | quint8(d[3]);
-    return mov::write(dest, d.left(ftyp) + mov::atom("mdat", media)) ? dest : QString();
 }
 
 const Kind &kind(const char *name)
@@ -227,13 +203,13 @@ private Q_SLOTS:
         // Layouts: a frame or two a chunk as ffmpeg writes, and half-second and
         // one-second chunks as cameras write. Sound: what the result holds
         // against its pictures.
-        enum Layout { Ffmpeg, Half, Second, Delimited };
+        enum Layout { Ffmpeg, Half, Second };
         enum Sound { Matches, Lasts, None, HalfOfIt, Any };
         const struct { const char *kind; Layout layout; int cut, frames; Sound sound; } rows[] = {
             // Camera layouts: every frame and all the sound.
             {"pcm_sowt", Half, 0, 120, Matches}, {"pcm_twos", Half, 0, 120, Matches}, {"pcm_lpcm", Half, 0, 120, Matches},
             {"pcm_alaw", Half, 0, 120, Matches}, {"pcm_ulaw", Half, 0, 120, Matches}, {"pcm_ima", Half, 0, 120, Matches},
-            {"pcm_ac3", Half, 0, 120, Matches}, {"pcm_ac3_44k", Second, 0, 120, Matches}, {"pcm_lpcm", Second, 0, 120, Matches},
+            {"pcm_ac3", Half, 0, 120, Matches},
             {"pcm_lpcm_aud", Ffmpeg, 0, 120, Matches}, {"pcm_twos", Ffmpeg, 0, 120, Matches}, {"pcm_ac3", Ffmpeg, 0, 120, Matches},
             // Opus: the pictures alone, always.
             {"pcm_opus", Half, 0, 120, None},
@@ -251,7 +227,7 @@ private Q_SLOTS:
             {"pcm_sowt_x264", Half, 0, 4, Any}, {"pcm_alaw_x264", Half, 0, 113, Any}, {"pcm_ac3_x264", Ffmpeg, 0, 118, Matches},
             // HEVC.
             {"x265_aac", Half, 0, 120, Matches}, {"x265_aac_hev1", Second, 0, 120, Matches}, {"x265_lpcm", Half, 0, 120, Matches},
-            {"x265_alaw", Half, 0, 120, Matches}, {"x265_ulaw", Second, 0, 120, Matches},
+            {"x265_alaw", Half, 0, 120, Matches},
             // A key frame alone in its chunk with sound behind it that no list
             // knows yet (AAC) or that has no openings (PCM): its group of pictures is lost.
             {"x265_aac", Ffmpeg, 0, 90, Any}, {"x265_twos", Ffmpeg, 0, 90, Matches},
@@ -264,17 +240,15 @@ private Q_SLOTS:
             // does; with a sound of other openings frames end late and the sound is lost.
             {"m4v_aac", Ffmpeg, 0, 120, Lasts}, {"m4v_aac", Half, 0, 120, Lasts}, {"m4v_aac", Ffmpeg, 70, 84, Any},
             {"m4v_aac_tone", Half, 0, 105, None},
-            // AV1: groups open at the delimiters in the file; without them only
-            // the first group comes back. No sound, sample with sound or not.
-            {"av1_aac", Delimited, 0, 120, None}, {"av1_aac", Ffmpeg, 0, 1, None},
+            // AV1 without delimiters: only the first group comes back, no sound.
+            {"av1_aac", Ffmpeg, 0, 1, None},
         };
         for (const auto &row : rows) {
             const Kind &k = kind(row.kind);
             VM_FIXTURE(healthy, recording(k, false));
             VM_FIXTURE(sample, recording(k, true));
-            const QString laid = row.layout == Ffmpeg || row.layout == Delimited ? healthy : cameraLayout(healthy, row.layout == Half ? 0.5 : 1.0);
-            const QString damaged = row.layout == Delimited ? withDelimiters(healthy)
-                                    : row.cut ? fixtures::cutAt(laid, row.cut) : fixtures::moovRemoved(laid);
+            const QString laid = row.layout == Ffmpeg ? healthy : cameraLayout(healthy, row.layout == Half ? 0.5 : 1.0);
+            const QString damaged = row.cut ? fixtures::cutAt(laid, row.cut) : fixtures::moovRemoved(laid);
             const QByteArray before = fixtures::digest(damaged) + fixtures::digest(sample);
             QTemporaryDir work;
             const QString what = QStringLiteral("%1 %2").arg(row.kind, QFileInfo(damaged).fileName());
@@ -321,7 +295,7 @@ private Q_SLOTS:
         }
     }
 
-    void workFilesHeadsAndHealthyNames()
+    void workFileHeads()
     {
         // The parameter sets put in front of the HEVC stream are those the
         // bitstream filter writes, and the MPEG-4 stream's head tells its
@@ -344,26 +318,14 @@ private Q_SLOTS:
                                          work.filePath("Repaired/video.m4v")}).trimmed(), QString("320,240"));
             }
         }
-        // A healthy HEVC recording whose name looks like options is remuxed under that name.
-        VM_FIXTURE(healthy, recording(kind("x265_aac"), false));
-        QTemporaryDir work;
-        const QString odd = work.filePath("-a b.mp4");
-        QVERIFY(QFile::copy(healthy, odd));
-        const Repaired o = cliRepair(odd, QString(), work.path());
-        QCOMPARE(o.status, QString("Completed"));
-        QCOMPARE(QFileInfo(o.result).fileName(), QString("-a b.mp4"));
-        QVERIFY(fixtures::probe(o.result).video >= 120);
     }
 
-    void oddSamplesGiveAnHonestVerdict()
+    void silentSampleGivesThePictures()
     {
         const Kind &k = kind("pcm_alaw");
         VM_FIXTURE(healthy, recording(k, false));
         const QString damaged = fixtures::moovRemoved(cameraLayout(healthy, 0.5));
         QTemporaryDir work;
-        // Random bytes teach nothing: the file keeps waiting for a sample.
-        mov::write(work.filePath("noise.mov"), noise(300000, 9));
-        QCOMPARE(cliRepair(damaged, work.filePath("noise.mov"), work.path()).status, QString("Awaiting Action"));
         // A sample without sound: the pictures come back alone.
         const QString silent = work.filePath("silent.mov");
         QVERIFY(ffmpeg({"-f", "lavfi", "-i", "smptebars=size=320x240:rate=30:duration=3", "-c:v", "libx264", "-preset", "veryfast",
@@ -498,15 +460,6 @@ private Q_SLOTS:
         s.nSoundChannels = 2;
         s.nSoundSampleBits = 16;
         using carve::WavForm;
-        QCOMPARE(carve::WavHeader(WavForm::Alaw, 100, s) + carve::WavSoundPrefix(WavForm::Alaw),
-                 QByteArray("RIFF\x78\0\0\0WAVEfmt \x12\0\0\0\x06\0\x01\0\x40\x1f\0\0"
-                            "\x80\x3e\0\0\x02\0\x08\0\0\0data", 42));
-        QCOMPARE(carve::WavHeader(WavForm::Ima, 100, s),
-                 QByteArray("RIFF\x86\0\0\0WAVEfmt \x14\0\0\0\x11\0\x02\0\x40\x1f\0\0\0\x7d\0\0"
-                            "\0\x04\x04\0\x02\0\xf9\x03" "data\x86\0\0\0", 48));
-        QCOMPARE(carve::WavHeader(WavForm::Sowt, 100, s),
-                 QByteArray("RIFF\x2c\0\0\0WAVEfmt \x10\0\0\0\x01\0\x02\0\x40\x1f\0\0\0\x7d\0\0"
-                            "\x04\0\x10\0data\0\0\0\0", 44));
         // Each form around real sound decodes whole (2 s; the byte rates in the
         // headers mislead estimates, so samples are counted).
         QTemporaryDir dir;

@@ -76,13 +76,6 @@ class TestCli : public QObject
     QTemporaryDir m_dir;
 
 private Q_SLOTS:
-    void usageAndVersion()
-    {
-        for (const char *v : {"--version", "-V"})
-            QVERIFY(QRegularExpression("^videomend-cli \\d+\\.\\d+").match(cli({v}).out).hasMatch());
-        QCOMPARE(cli({"repair", "--help"}).code, 0);
-    }
-
     void usageErrorsExitTwo()
     {
         Result r = cli({});
@@ -107,9 +100,6 @@ private Q_SLOTS:
         QCOMPARE(kv["moov"], QString("found"));
         QCOMPARE(kv["FormatCode"], QString("5"));
         QCOMPARE(kv["bHevcWithPcm"], QString("1"));
-        QCOMPARE(kv["FrameWidth"], QString("320"));
-        QCOMPARE(kv["FrameHeight"], QString("240"));
-        QCOMPARE(kv["TimeScaleSound"], QString("48000"));
         QCOMPARE(kv["bSampleHasAudio"], QString("1"));
 
         VM_FIXTURE(noMoov, fixtures::moovRemoved(fixtures::healthy("h264_aac.mp4")));
@@ -214,42 +204,36 @@ private Q_SLOTS:
         QVERIFY(!o["reason"].toString().isEmpty());
     }
 
-    void ctrlCLeavesNothingBehind_data()
-    {
-        QTest::addColumn<bool>("elsewhere");
-        QTest::newRow("beside the source") << false;
-        QTest::newRow("--out and --work") << true;
-    }
-
     void ctrlCLeavesNothingBehind()
     {
-        QFETCH(bool, elsewhere);
         VM_FIXTURE(damaged, longDamaged());
-        QTemporaryDir src, out, work, tmp;
-        QVERIFY(QFile::copy(damaged, src.filePath("long.mp4")));
-        QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
-        QVERIFY(media::writeAll(src.filePath(".hidden"), "other\n"));
-        const QStringList before = listing(src.path());
-        QStringList args = {"repair", "--verbose", "--sample", "sample.mp4", "long.mp4"};
-        if (elsewhere)
-            args << "--out" << out.path() << "--work" << work.path();
-        QProcess p;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("TMPDIR", tmp.path());
-        p.setProcessEnvironment(env);
-        p.setWorkingDirectory(src.path());
-        p.setReadChannel(QProcess::StandardError);
-        p.start(VM_CLI_PATH, args);
-        QByteArray err;
-        while (!err.contains("long.mp4: carving") && p.waitForReadyRead(60000))
-            err += p.readAllStandardError();
-        QVERIFY2(err.contains("carving"), err.constData());
-        ::kill(pid_t(p.processId()), SIGINT);
-        QVERIFY(p.waitForFinished(60000));
-        QCOMPARE(p.exitCode(), 130);
-        QCOMPARE(listing(src.path()), before);
-        for (const QTemporaryDir *d : {&out, &work, &tmp})
-            QVERIFY2(QDir(d->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), qPrintable(d->path()));
+        for (bool elsewhere : {false, true}) { // beside the source, or --out and --work
+            QTemporaryDir src, out, work, tmp;
+            QVERIFY(QFile::copy(damaged, src.filePath("long.mp4")));
+            QVERIFY(QFile::copy(fixtures::healthy("h264_aac.mp4"), src.filePath("sample.mp4")));
+            QVERIFY(media::writeAll(src.filePath(".hidden"), "other\n"));
+            const QStringList before = listing(src.path());
+            QStringList args = {"repair", "--verbose", "--sample", "sample.mp4", "long.mp4"};
+            if (elsewhere)
+                args << "--out" << out.path() << "--work" << work.path();
+            QProcess p;
+            QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+            env.insert("TMPDIR", tmp.path());
+            p.setProcessEnvironment(env);
+            p.setWorkingDirectory(src.path());
+            p.setReadChannel(QProcess::StandardError);
+            p.start(VM_CLI_PATH, args);
+            QByteArray err;
+            while (!err.contains("long.mp4: carving") && p.waitForReadyRead(60000))
+                err += p.readAllStandardError();
+            QVERIFY2(err.contains("carving"), err.constData());
+            ::kill(pid_t(p.processId()), SIGINT);
+            QVERIFY(p.waitForFinished(60000));
+            QCOMPARE(p.exitCode(), 130);
+            QCOMPARE(listing(src.path()), before);
+            for (const QTemporaryDir *d : {&out, &work, &tmp})
+                QVERIFY2(QDir(d->path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), qPrintable(d->path()));
+        }
     }
 
     void progressNeverGoesBack()

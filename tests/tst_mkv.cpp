@@ -267,15 +267,6 @@ private Q_SLOTS:
             QCOMPARE(e.length, s.length);
             QCOMPARE(e.value, s.value);
         }
-        const struct { quint8 s; int width; quint8 high; int trackAt; } kWidths[] = {
-            {0x84, 1, 4, 2}, {0xFF, 1, 0x7F, 2}, {0x45, 2, 5, 3}, {0x25, 3, 5, 4}, {0x15, 3, 0, 4},
-        };
-        for (const auto &w : kWidths) {
-            const mkv::BlockSize b = mkv::BlockSizeOf(w.s);
-            QCOMPARE(b.width, w.width);
-            QCOMPARE(b.high, w.high);
-            QCOMPARE(b.trackAt, w.trackAt);
-        }
     }
 
     // Blocks by hand: a zero NAL length, picture units, sound blocks taken

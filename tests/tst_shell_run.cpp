@@ -41,7 +41,6 @@ private Q_SLOTS:
         // vanished file get the worker's verdict like any other.
         QCOMPARE(column(w.pRepairList, 8), (QStringList{"Awaiting Action", "Awaiting Action", "Awaiting Action"}));
         QVERIFY(!w.saveBtn->isEnabled());
-        QCOMPARE(w.overAllProgess_2->value(), 100);
 
         // The user's file is untouched; the work folder sits hidden beside it.
         QCOMPARE(digest(clip), before);
@@ -75,11 +74,7 @@ private Q_SLOTS:
         QVERIFY(!w.runs.first().sample);
         QCOMPARE(w.pRepairList->topLevelItem(3)->text(1), dir.filePath("out/Repaired/d.DAT"));
 
-        // Sizes past 32 bits still fill the bar.
         ThreadVideoRepair &t = w.RepairThread();
-        Q_EMIT t.SetProgressBarRange(5LL << 30);
-        Q_EMIT t.setProgressvalue(5LL << 30);
-        QCOMPARE(w.FileProgress->value(), w.FileProgress->maximum());
 
         // A verdict goes to the first processing row of its name; an RSV row
         // answers to its base name in any case.
@@ -94,8 +89,6 @@ private Q_SLOTS:
         // A result too small or missing fails; only usable ones can be checked.
         QCOMPARE(column(w.pRepairList, 8), (QStringList{"Failed", "Completed", "Failed", "Completed", "Completed",
                                                         "Awaiting Action"}));
-        w.OnRepairItemClicked(w.pRepairList->topLevelItem(0), 0);
-        QVERIFY(answers.seen.last().startsWith("Severely Corrupted Video"));
         w.OnSelectAllClicked(true);
         QList<Qt::CheckState> states;
         for (int i = 0; i < 6; ++i)
@@ -103,13 +96,11 @@ private Q_SLOTS:
         QCOMPARE(states, (QList<Qt::CheckState>{Qt::Unchecked, Qt::Checked, Qt::Unchecked, Qt::Checked, Qt::Checked,
                                                 Qt::Unchecked}));
         QVERIFY(w.saveBtn->isEnabled());
-
     }
 
     void outcomeOfEachRow()
     {
-        // A result with sound alone fails; each row's report, found by its
-        // index in the run's list, says why in the status tooltip.
+        // A result with sound alone fails, and can't be chosen for saving.
         QTemporaryDir dir;
         const QStringList sources = makeFiles(dir.path(), {"a.mov", "b.mov"});
         TestWindow w;
@@ -120,21 +111,13 @@ private Q_SLOTS:
         QCOMPARE(QProcess::execute(fixtures::ffmpeg(), {"-v", "error", "-f", "lavfi", "-i", "sine=duration=1",
                                                         dir.filePath("Repaired/a.mov")}), 0);
         ThreadVideoRepair &t = w.RepairThread();
-        outcome::FileReport unknown;
-        unknown.why = outcome::Why::NotHandled;
-        unknown.detail = "odd box";
         for (bool repaired : {true, false}) {
             Q_EMIT t.WriteProcessingStatus(repaired ? "a.mov" : "b.mov");
             Q_EMIT t.WriteStatus(repaired, false, repaired ? "a.mov" : "b.mov", false);
         }
-        Q_EMIT t.FileReported(1, "b.mov", unknown);
         Q_EMIT t.FileReported(0, "a.mov", {});
         Q_EMIT t.RepairFinish();
         QTRY_COMPARE(column(w.pRepairList, 8), (QStringList{"Failed", "Awaiting Action"}));
-        QVERIFY(w.pRepairList->topLevelItem(0)->toolTip(8).contains(outcome::ReasonText(outcome::Why::NoVideo, {})));
-        QCOMPARE(w.pRepairList->topLevelItem(1)->toolTip(8), outcome::ReasonText(outcome::Why::NotHandled, "odd box"));
-        QCOMPARE(w.pRepairList->topLevelItem(1)->toolTip(0), sources[1]);
-        // It can't be chosen for saving again.
         w.OnSelectAllClicked(true);
         QCOMPARE(w.pRepairList->topLevelItem(0)->checkState(0), Qt::Unchecked);
         QVERIFY(!w.saveBtn->isEnabled());

@@ -47,7 +47,6 @@ private Q_SLOTS:
         QTest::addColumn<QString>("result"); // empty: none
         QTest::addColumn<QString>("format");
         QTest::newRow("imkh") << "imkh" << "cam.mp4" << "cam.mp4" << "matroska";
-        QTest::newRow("imkh, blank") << "imkh" << "my cam.mp4" << "my cam.mp4" << "matroska";
         QTest::newRow("imkh, dash") << "imkh" << "-cam.mp4" << "-cam.mp4" << "matroska";
         QTest::newRow("imkh cut") << "cut-imkh" << "cam.mp4" << "cam.mp4" << "matroska";
         QTest::newRow("imkh, noise behind") << "imkh-noise" << "cam.mp4" << "" << "";

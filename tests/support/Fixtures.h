@@ -26,10 +26,10 @@ QString ffmpeg();  // absolute path of "ffmpeg" on PATH, empty if absent
 //   h264_mp3.mp4            avc1 + mp4a (esds 6B 15)
 //   h264_sowt.mov / h264_twos.mov / h264_lpcm.mov (96 kHz) / h264_in24.mov (little-endian)
 //   h264_alaw.mov / h264_ulaw.mov / h264_ima.mov (6D 73 00 11)
-//   h264_opus.mp4 / h264_ac3.mp4 / h264_ac3.mov
+//   h264_opus.mp4 / h264_ac3.mp4
 //   hevc_aac.mp4 (hvc1) / hevc_pcm.mov (hvc1 + twos)
-//   mpeg4.mp4 (mp4v) / av1.mp4 (av01) / prores.mov (apcn) / mjpeg.mov (jpeg)
-//   prores_silent.mov / mjpeg_silent.mov   the same without sound
+//   mpeg4.mp4 (mp4v) / av1.mp4 (av01) / prores.mov (apcn)
+//   prores_silent.mov / mjpeg_silent.mov   ProRes and Motion JPEG without sound
 //   video_only.mp4          avc1, no sound track
 //   h264_aac.ts             transport stream, PMT lists H.264 (0x1B) then AAC (0x0F)
 //   h264_mp2.ps             program stream, H.264 + MP2 (PS cannot carry AAC)
