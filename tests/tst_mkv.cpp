@@ -294,6 +294,16 @@ private Q_SLOTS:
         QCOMPARE(audio.data(), QByteArray::fromHex("fff14c80267ffc") + QByteArray(300, '\0')
                                    + QByteArray::fromHex("fff14c80013ffc1122"));
         QCOMPARE(state.nSoundSampleRate, 48000u);
+        // Into files (through the writer thread) the same bytes; a disk that
+        // takes nothing makes the carve unwritten.
+        for (const QString &to : {tmp.filePath("v.h264"), QString("/dev/full")}) {
+            QFile v(to), a(tmp.filePath("a.aac"));
+            QVERIFY(v.open(QIODevice::WriteOnly) && a.open(QIODevice::WriteOnly | QIODevice::Truncate));
+            RepairState again;
+            QCOMPARE(mkv::CarveBlocks(*r, v, a, again, nullptr, std::atomic<bool>{false}).written, to != "/dev/full");
+            v.close(), a.close();
+            QVERIFY(to == "/dev/full" || (readAll(to) == video.data() && readAll(a.fileName()) == audio.data()));
+        }
     }
 
     // Random bytes and short pieces of a real file end every stage.

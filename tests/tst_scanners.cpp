@@ -3,6 +3,7 @@
 // healthy file's packets, what decodes out of the result; and bad input.
 
 #include "containers/StreamScan.h"
+#include "rebuild/PlacedPieces.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
 #include "support/MediaCompare.h"
@@ -89,15 +90,26 @@ private Q_SLOTS:
                                  : row.damage == None ? healthy : changed(healthy, "zeros_", [&](QByteArray &d) { d.replace(int(zeroAt), 256 << 10, QByteArray(256 << 10, 0)); });
             const QString sample = row.sample ? made(row.sample) : QString();
             const QByteArray before = fixtures::digest(file) + fixtures::digest(sample);
-            QTemporaryDir work;
-            pApp.reset(), pApp.strChosenLocation = work.path(), pApp.bSampleRun = !sample.isEmpty();
+            QTemporaryDir work, plain;
             quint32 code = 99;
             bool repaired = false;
-            ThreadVideoRepair t;
-            connect(&t, &ThreadVideoRepair::WriteStatus, &t, [&](bool ok) { repaired = ok, code = pApp.nFormatCode; }, Qt::DirectConnection);
-            t.SetSampleFile(sample);
-            t.StartRepair({file}, true);
-            t.wait();
+            const auto repair = [&](const QTemporaryDir &in) {
+                pApp.reset(), pApp.strChosenLocation = in.path(), pApp.bSampleRun = !sample.isEmpty();
+                ThreadVideoRepair t;
+                connect(&t, &ThreadVideoRepair::WriteStatus, &t, [&](bool ok) { repaired = ok, code = pApp.nFormatCode; }, Qt::DirectConnection);
+                t.SetSampleFile(sample);
+                t.StartRepair({file}, true);
+                t.wait();
+                return in.filePath("Repaired/" + QFileInfo(file).fileName());
+            };
+            // The rebuild copying every piece itself gives the same file as
+            // taking the pieces the scan copied beside it.
+            rebuild::PlacedPieces::SetEnabled(false);
+            const QByteArray plainResult = fixtures::digest(repair(plain));
+            rebuild::PlacedPieces::SetEnabled(true);
+            const QString result = repair(work);
+            QCOMPARE(fixtures::digest(result), plainResult);
+            QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files | QDir::Hidden).filter(".part"), QStringList());
             QCOMPARE(code, row.code);
             QCOMPARE(fixtures::digest(file) + fixtures::digest(sample), before);
             QVERIFY(repaired == (row.frames >= 0 || row.code == 1) || row.sample);
@@ -126,7 +138,6 @@ private Q_SLOTS:
             }
             QVERIFY(qAbs(video - (expectedVideo - row.merged)) <= (row.damage == Zeros ? 1 : 0));
             // The rebuilt file: every listed picture, and the sound.
-            const QString result = work.filePath("Repaired/" + QFileInfo(file).fileName());
             const QByteArray sound = decoded(result, false);
             QCOMPARE(decoded(result, true).count("\n0,"), row.frames);
             QVERIFY(row.sound >= 0 ? sound.size() >= row.sound : sound == decoded(healthy, false));
@@ -137,6 +148,24 @@ private Q_SLOTS:
                 QVERIFY2(qAbs(declared - held) <= 0.02 * held, qPrintable(QString("%1 s / %2 s").arg(declared).arg(held)));
             }
         }
+    }
+
+    void stopMidScanKeepsAnEarlierResult()
+    {
+        // A stop during the scan leaves an earlier repair's result as it was,
+        // and nothing of the copy made beside the scan.
+        VM_FIXTURE(healthy, fixtures::healthy("scan_prores.mov"));
+        QTemporaryDir work;
+        const QString earlier = work.filePath("Repaired/" + QFileInfo(healthy).fileName());
+        QVERIFY(QDir().mkpath(work.filePath("Repaired")) && media::writeAll(earlier, "an earlier result"));
+        pApp.reset(), pApp.strChosenLocation = work.path();
+        ThreadVideoRepair t;
+        connect(&t, &ThreadVideoRepair::setProgressvalue, &t, [](qint64 v) { pApp.bStopRepair = pApp.bStopRepair || v > 0; },
+                Qt::DirectConnection);
+        t.StartRepair({healthy}, true);
+        t.wait();
+        QCOMPARE(media::readAll(earlier), QByteArray("an earlier result"));
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files | QDir::Hidden).filter(".part"), QStringList());
     }
 
     void fullDiskEndsFailedWithNothingLeft()
@@ -157,7 +186,7 @@ private Q_SLOTS:
             QSKIP("no file size limit here");
         QVERIFY(media::readAll(out).startsWith("Failed"));
         QVERIFY(media::readAll(err).contains("the result could not be written: File too large"));
-        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
+        QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files | QDir::Hidden), QStringList());
     }
 
     void badInputEndsInTheFile()
