@@ -12,17 +12,24 @@
 
 namespace carve {
 
+namespace {
+constexpr bool everyTagLeadKnown()
+{
+    for (const char *t : kSkipTags)
+        if (!MayOpenTag(quint8(t[0])))
+            return false;
+    return MayOpenTag('m'); // "mdat"
+}
+static_assert(everyTagLeadKnown(), "MayOpenTag must know the first letter of every tag stepped over");
+} // namespace
+
 bool IsSkipTag(BufferedReader &f, quint64 p)
 {
     // Asked at every byte of a scan: look at the first letter before comparing tags.
     quint8 tmp[4];
     const quint8 *b = BytesAt(f, p, tmp, 4);
-    switch (b[0]) {
-    case 'f': case 'w': case 'p': case 'm': case 'u': case 's':
-        break;
-    default:
+    if (!MayOpenTag(b[0]))
         return false;
-    }
     for (const char *t : kSkipTags)
         if (std::memcmp(b, t, 4) == 0)
             return true;

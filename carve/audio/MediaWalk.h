@@ -30,6 +30,12 @@ struct MediaSpan
 
 // True where the four bytes at p + 4 are one of the top-level tags stepped over.
 bool IsSkipTag(BufferedReader &f, quint64 p);
+// Whether an atom's tag (one stepped over, or "mdat") can open with c: scans
+// that ask at every byte look at this first.
+constexpr bool MayOpenTag(quint8 c)
+{
+    return c == 'f' || c == 'w' || c == 'p' || c == 'm' || c == 'u' || c == 's';
+}
 
 // The top-level atoms before the media data; returns where the scan starts.
 // "mdat" of size 1 moves on by 16 in the branch for video alone, by size + 15

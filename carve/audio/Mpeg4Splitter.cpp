@@ -163,14 +163,15 @@ Split SplitMpeg4(CarverArgs &args, Env &env)
         quint64 frame = pos;
         quint64 p = pos + 1;
         while (p < size && !stop) {
-            quint8 b4[4];
-            const quint8 *b = BytesAt(f, p, b4, 4);
+            quint8 b8[8];
+            const quint8 *b = BytesAt(f, p, b8, 8);
             if (frameStart(b))
                 break;
-            const quint64 atom = atomAt(p);
-            if (atom > kAtomHeader)
+            // Only a tag's first letter can start an atom, only 00 or FF a blank stretch.
+            if (MayOpenTag(b[4]) && atomAt(p) > kAtomHeader)
                 break;
-            if (IsPadding(f, p, kPaddingInner) && IsPadding(f, p + kPaddingInner, kPaddingInner)) {
+            if ((b[0] == 0 || b[0] == 0xFF) && IsPadding(f, p, kPaddingInner)
+                && IsPadding(f, p + kPaddingInner, kPaddingInner)) {
                 p += 2 * kPaddingInner;
                 continue;
             }
