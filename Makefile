@@ -2,7 +2,7 @@
 #   make demo   install what is missing, build, repair a damaged clip, print the result
 #   make test   install what is missing, build with sanitizers, run every test
 #   make run    start the window
-#   make bench  reader, carve and scanner throughput against cat and cp
+#   make bench  throughput of every path against cat and cat into a new file
 JOBS ?= $(shell nproc)
 RELEASE := build
 TESTBUILD := build-test
