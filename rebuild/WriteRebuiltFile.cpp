@@ -125,6 +125,8 @@ void WriteRebuiltFile(Env &env, const QString &logPath, const QString &outputPat
     if (!env.output->open(placed ? QIODevice::ReadWrite : QIODevice::ReadWrite | QIODevice::Truncate)) {
         qWarning().noquote() << "Rebuild: can't create" << outputPath << env.output->errorString();
         env.output.reset();
+        if (placed)
+            QFile::remove(outputPath); // the scan's copy, which nothing will finish
         return;
     }
     s.lstRepairedFiles << outputPath;
