@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <functional>
-#include <unistd.h>
 
 using streamscan::Family;
 
@@ -174,18 +173,11 @@ private Q_SLOTS:
         // "Failed" (no sample would help), and no partial result stays.
         VM_FIXTURE(healthy, fixtures::healthy("scan_prores.mov"));
         QTemporaryDir work;
-        const QString out = work.filePath("stdout.txt"), err = work.filePath("stderr.txt");
-        const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
-            if (!std::freopen(qPrintable(out), "w", stdout) || !std::freopen(qPrintable(err), "w", stderr))
-                return 4;
-            const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), f = healthy.toUtf8();
-            execl(cli.constData(), cli.constData(), "repair", "--work", w.constData(), "--", f.constData(), static_cast<char *>(nullptr));
-            return 5;
-        });
-        if (status < 0)
+        QByteArray out, err;
+        if (media::cliWithFileLimit(64 << 10, {"repair", "--work", work.path(), "--", healthy}, &out, &err) < 0)
             QSKIP("no file size limit here");
-        QVERIFY(media::readAll(out).startsWith("Failed"));
-        QVERIFY(media::readAll(err).contains("the result could not be written: File too large"));
+        QVERIFY(out.startsWith("Failed"));
+        QVERIFY(err.contains("the result could not be written: File too large"));
         QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files | QDir::Hidden), QStringList());
     }
 
