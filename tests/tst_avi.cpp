@@ -238,15 +238,10 @@ private Q_SLOTS:
         const avi::Headers h = avi::FindHeaders(hr, hr.size() * 10, false, nullptr, stop);
         QVERIFY(h.meets(false));
         QVERIFY(!h.meets(true));
-        QFile logFile(tmp.path() + "/log.txt"), indexFile(tmp.path() + "/index");
-        QVERIFY(logFile.open(QIODevice::WriteOnly) && indexFile.open(QIODevice::WriteOnly));
-        logFile.write(log.data());
-        indexFile.write(index.data());
-        logFile.close();
-        indexFile.close();
+        QVERIFY(writeAll(tmp.path() + "/log.txt", log.data()) && writeAll(tmp.path() + "/index", index.data()));
         const avi::Sources from{&hr, &hr, &hr, &hr};
-        QCOMPARE(avi::WriteFile(tmp.path() + "/out.avi", h, from, r, l, false, logFile.fileName(),
-                                indexFile.fileName(), stop),
+        QCOMPARE(avi::WriteFile(tmp.path() + "/out.avi", h, from, r, l, false, tmp.path() + "/log.txt",
+                                tmp.path() + "/index", stop),
                  QString());
         const QByteArray out = readAll(tmp.path() + "/out.avi");
         QVERIFY(!out.contains("strf"));
