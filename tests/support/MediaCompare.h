@@ -85,12 +85,17 @@ inline QString made(const QString &name, const QStringList &args)
     return {};
 }
 
-// The MD5 of each decoded picture of the first video stream, in order.
-inline QStringList frameHashes(const QString &path)
+// The MD5 of each decoded picture of the first video stream, in order; what
+// the decoder complained of goes to *errors.
+inline QStringList frameHashes(const QString &path, QString *errors = nullptr)
 {
-    const QStringList args = {"-v", "quiet", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"};
+    QProcess p;
+    p.start(fixtures::ffmpeg(), {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"});
+    p.waitForFinished(300000);
+    if (errors)
+        *errors = QString::fromUtf8(p.readAllStandardError());
     QStringList out;
-    for (const QString &line : run(fixtures::ffmpeg(), args).split('\n'))
+    for (const QString &line : QString::fromUtf8(p.readAllStandardOutput()).split('\n'))
         if (!line.startsWith('#') && line.count(',') >= 5)
             out << line.section(',', 5).trimmed();
     return out;
