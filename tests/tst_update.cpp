@@ -193,7 +193,7 @@ private Q_SLOTS:
         QTest::addColumn<Route>("exe");
         QTest::addColumn<bool>("manual");
         QTest::addColumn<QString>("outcome");
-        QTest::addColumn<QString>("offer");
+        QTest::addColumn<QString>("offer"); // what the offer names, "" for none
 
         const Route good{200, installer(kMinSize + 1000)};
         const Route none{404, "not here"};
@@ -203,12 +203,9 @@ private Q_SLOTS:
         for (char &c : random)
             c = char(rng.bounded(256));
 
-        QTest::newRow("newer minor") << v("\n  7.0.1.0  \r\nrest") << good << true << kInstalled
-                                     << "A new minor update 7.0.1.0 is available. Click Update to proceed further.";
-        QTest::newRow("newer major, silent") << v("8.0.0.0\n") << good << false << kInstalled
-                                             << "A new major release 8.0.0.0 is available. Click Update to proceed further.";
-        QTest::newRow("redirected") << Route{302, "/moved.txt"} << good << false << kInstalled
-                                    << "A new minor update 7.5.0.0 is available. Click Update to proceed further.";
+        QTest::newRow("newer minor") << v("\n  7.0.1.0  \r\nrest") << good << true << kInstalled << "minor update 7.0.1.0 ";
+        QTest::newRow("newer major, silent") << v("8.0.0.0\n") << good << false << kInstalled << "major release 8.0.0.0 ";
+        QTest::newRow("redirected") << Route{302, "/moved.txt"} << good << false << kInstalled << "minor update 7.5.0.0 ";
         QTest::newRow("same, manual") << v("7.0.0.0\n") << none << true << kNone << "";
         QTest::newRow("same, silent") << v("7.0.0.0\n") << none << false << kQuiet << "";
         QTest::newRow("random") << v(random) << none << true << kNone << "";
@@ -217,7 +214,7 @@ private Q_SLOTS:
         QTest::newRow("version 404") << Route{404, "8.0.0.0\n"} << none << true << kNone << "";
         QTest::newRow("version dropped") << Route{200, "8.0.0.0\n", Route::Drop, 3} << none << true << kNone << "";
         QTest::newRow("version never comes") << Route{200, "8.0.0.0\n", Route::Silent} << none << true << kNone << "";
-        const QString offer = "A new major release 8.0.0.0 is available. Click Update to proceed further.";
+        const QString offer = "major release 8.0.0.0 ";
         QTest::newRow("installer trickles") << v("8.0.0.0") << Route{200, good.body, Route::Trickle, 600}
                                             << true << kInstalled << offer;
         QTest::newRow("installer stalls") << v("8.0.0.0") << Route{200, good.body, Route::Stall, 1000}
@@ -247,7 +244,7 @@ private Q_SLOTS:
         clock.start();
         QCOMPARE(runCheck(host, manual, &offered), outcome);
         qInfo("%s: %s in %lld ms", QTest::currentDataTag(), qPrintable(outcome.simplified().left(40)), clock.elapsed());
-        QCOMPARE(offered, offer);
+        QVERIFY2(offer.isEmpty() ? offered.isEmpty() : offered.contains(offer), qPrintable(offered));
         QVERIFY(clock.elapsed() < 2 * update::limits.checkMs + 4 * update::limits.stallMs + 3000);
 
         // Only a started installer stays; nothing else appears in the temp folder.
