@@ -183,9 +183,7 @@ private Q_SLOTS:
 
     void badInputEndsInTheFile()
     {
-        QByteArray noise(1 << 20, 0), frame("\xFF\xD8\xFF\xE0", 4), hugeMoov("\xFF\xFF\xFF\xFFmoov", 8);
-        for (quint32 i = 0, x = 2463534242u; i < quint32(noise.size()); ++i)
-            x ^= x << 13, x ^= x >> 17, x ^= x << 5, noise[i] = char(x);
+        const QByteArray noise = media::noise(1 << 20, 3), frame("\xFF\xD8\xFF\xE0", 4), hugeMoov("\xFF\xFF\xFF\xFFmoov", 8);
         const QByteArray noEnd = QByteArray(noise).replace('\xFF', '\xFE');
         // bytes, and whether no piece may come of them (but ProRes frames behind a huge moov)
         const struct { QByteArray bytes; bool none; } rows[] = {
