@@ -56,9 +56,7 @@ private Q_SLOTS:
         QCOMPARE((QVector<quint32>{pApp.nFormatCode, pApp.FrameWidth, pApp.FrameHeight, pApp.nTimeScaleVideo, pApp.nVideoDelta,
                                    pApp.TimeScaleSound, pApp.nSoundSampleRate, pApp.nSoundDelta, pApp.nSoundFrameSize}),
                  (QVector<quint32>{0, 1920, 1080, 30000, 1001, 48000, 48000, 1024, 371}));
-        QVERIFY(pApp.bSampleHasAudio);
-        QVERIFY(pApp.bMoovParsed);
-        QVERIFY(pApp.nVideoStsdSize > 0);
+        QVERIFY(pApp.bSampleHasAudio && pApp.bMoovParsed && pApp.nVideoStsdSize > 0);
 
         // The first run skips tkhd and mdhd (its trak search runs past them).
         QVERIFY(asDamaged(p));
@@ -116,8 +114,7 @@ private Q_SLOTS:
                                     atom("vmhd", zeros(12)) + atom("stbl", stsd(bigEntry) + stts(1001) + stblTail()))));
         ThreadVideoRepair t;
         QVERIFY(asDamaged(file(moov({big})), &t));
-        QVERIFY(pApp.nVideoStsdSize >= 1000);
-        QVERIFY(t.pVideoStsd.isEmpty());
+        QVERIFY(pApp.nVideoStsdSize >= 1000 && t.pVideoStsd.isEmpty());
 
         // ctts with several entries: the first three make the pattern.
         const QByteArray ctts = atom("ctts", zeros(4) + be32(3) + be32(1) + be32(2002) + be32(1) + be32(0)

@@ -102,21 +102,16 @@ private Q_SLOTS:
         if (outcome::FindFfprobe().isEmpty())
             QSKIP("ffprobe missing");
         const outcome::Judged ok = outcome::Judge("Completed", healthy, {}, false);
-        QCOMPARE(ok.status, QString("Completed"));
-        QCOMPARE(ok.videoFrames, qint64(50));
-        QVERIFY(qAbs(ok.audioSeconds - 2.0) < 0.1);
-        QCOMPARE(ok.mediaUsed, -1.0);
-        QVERIFY(ok.reason.isEmpty());
+        QVERIFY(ok.status == "Completed" && ok.videoFrames == 50 && qAbs(ok.audioSeconds - 2.0) < 0.1);
+        QVERIFY(ok.mediaUsed == -1.0 && ok.reason.isEmpty());
 
         outcome::FileReport carved;
         carved.carved = true;
         carved.mediaBytes = 1000;
         carved.claimedBytes = 870;
         const outcome::Judged noVideo = outcome::Judge("Completed", soundOnly, carved, true);
-        QCOMPARE(noVideo.status, QString("Failed"));
-        QCOMPARE(noVideo.videoFrames, qint64(0));
+        QVERIFY(noVideo.status == "Failed" && noVideo.videoFrames == 0 && !noVideo.reason.isEmpty());
         QCOMPARE(qRound(noVideo.mediaUsed * 100), 87);
-        QVERIFY(!noVideo.reason.isEmpty());
 
         // Without a reason from the engine: waiting for a sample, or nothing found with one.
         QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, false).reason, outcome::ReasonText(Why::NoSample, {}));
