@@ -127,14 +127,8 @@ QByteArray decodeErrors(const QString &path)
 Repaired cliRepair(const QString &file, const QString &sample, const QString &work, bool keep = false)
 {
     const media::Outcome r = repairIn(file, work, sample, keep ? QStringList{"--keep-work-files"} : QStringList());
-    Repaired o{r.status, r.output};
-    if (o.status == "Completed") {
-        const fixtures::Streams s = fixtures::probe(o.result);
-        o.frames = qMax(0, s.video);
-        o.videoSeconds = s.videoSeconds;
-        o.audioSeconds = s.audioSeconds;
-    }
-    return o;
+    const fixtures::Streams s = r.status == "Completed" ? fixtures::probe(r.output) : fixtures::Streams();
+    return {r.status, r.output, qMax(0, s.video), s.videoSeconds, s.audioSeconds};
 }
 
 // A unit: its length, the header byte, then filler that holds no 00.
