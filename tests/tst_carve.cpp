@@ -193,7 +193,6 @@ private Q_SLOTS:
             many += QByteArray(1, char(i >> 16)) + char(i >> 8) + char(i);
         many += many.left(30); // repeats change nothing
         const QByteArray out = run(many);
-        QCOMPARE(out.size(), 30000);
         QCOMPARE(out, many.left(30000));
         QCOMPARE(run("abcd"), QByteArray("abc"));       // a short tail is dropped
         QCOMPARE(run(QByteArray()), QByteArray());
