@@ -309,8 +309,7 @@ private Q_SLOTS:
                 if (id != mkv::kNotFound)
                     mkv::ParameterSets(*r, id);
             }
-        QVERIFY(writeAll(tmp.path() + "/noise.mkv", noise(600, 11)));
-        QVERIFY(QDir(tmp.path()).mkdir("out"));
+        QVERIFY(writeAll(tmp.path() + "/noise.mkv", noise(600, 11)) && QDir(tmp.path()).mkdir("out"));
         QCOMPARE(repair(tmp.path() + "/noise.mkv", tmp.path() + "/out").status, QString("Awaiting Action"));
     }
 };
