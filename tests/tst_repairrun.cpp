@@ -107,7 +107,6 @@ private Q_SLOTS:
             QCOMPARE(digest(f), before[f]);
 
         // The work folder lies beside the sources, hidden, with the log of the last file.
-        QVERIFY(QFileInfo(m_dir.filePath("Repaired")).isDir());
         QVERIFY(workfolder::IsHidden(m_dir.path()));
         QVERIFY(QFileInfo(m_dir.filePath("Repaired/logFile.txt")).exists());
     }
@@ -155,8 +154,8 @@ private Q_SLOTS:
         pApp.strChosenLocation = chosen.path();
         ThreadVideoRepair t;
         run(t, {clip});
-        QVERIFY(QFileInfo(chosen.filePath("Repaired")).isDir());
-        QVERIFY(!workfolder::IsHidden(chosen.path())); // a chosen folder isn't hidden
+        // A chosen folder isn't hidden.
+        QVERIFY(QFileInfo(chosen.filePath("Repaired")).isDir() && !workfolder::IsHidden(chosen.path()));
 
         // A chosen folder that has gone: back to the source's folder, hidden.
         pApp.reset();
@@ -234,8 +233,7 @@ private Q_SLOTS:
         QCOMPARE(sequence, (QList<int>{1, 2}));
         QCOMPARE(finish.count(), 0);
         QVERIFY(v.isEmpty()); // no verdict on a stopped file
-        QVERIFY(!pApp.bStopRepair);
-        QVERIFY(!pApp.bRepairRunning);
+        QVERIFY(!pApp.bStopRepair && !pApp.bRepairRunning);
     }
 };
 
