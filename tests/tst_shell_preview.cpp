@@ -33,8 +33,7 @@ private Q_SLOTS:
     void playerAndArguments()
     {
         QTemporaryDir dir;
-        QDir(dir.path()).mkpath("app");
-        QDir(dir.path()).mkpath("bin");
+        QVERIFY(QDir(dir.path()).mkpath("app") && QDir(dir.path()).mkpath("bin"));
         const QString record = dir.filePath("record.txt");
         const QString appDir = shellApp.strAppDir;
         const QByteArray path = qgetenv("PATH");
