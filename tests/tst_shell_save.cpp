@@ -45,8 +45,7 @@ private Q_SLOTS:
     void threadAlone()
     {
         QTemporaryDir dir;
-        QDir(dir.path()).mkpath("src/other");
-        QDir(dir.path()).mkpath("dest");
+        QVERIFY(QDir(dir.path()).mkpath("src/other") && QDir(dir.path()).mkpath("dest"));
         // Each source and the name its copy gets.
         const QList<QPair<QString, QString>> names = {
             {"clip.mp4", "clip(1).mp4"}, {"other/clip.mp4", "clip(2).mp4"}, {"a.b.mp4", "a.mp4"},
