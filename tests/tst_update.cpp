@@ -159,8 +159,8 @@ private Q_SLOTS:
 
     void init()
     {
-        startup::OpenSettings()->clear();
         auto s = startup::OpenSettings();
+        s->clear();
         s->setValue("Version", "7.0.0.0");
         s->setValue("AverageUpdateSize", kMinSize);
         setLink(base());
