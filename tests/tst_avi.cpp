@@ -88,54 +88,47 @@ class TestAvi : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void damages_data()
-    {
-        QTest::addColumn<int>("kind");
-        QTest::addColumn<QString>("how");
-        for (int k = 0; k < int(sizeof kKinds / sizeof kKinds[0]); ++k)
-            for (const char *how : {"idx1 cut", "cut at 70%", "header zeroed", "zeros mid-file"})
-                QTest::newRow(qPrintable(QString("%1, %2").arg(kKinds[k].name, how))) << k << QString(how);
-    }
-
     // Frames identical to the healthy file's reach ffmpeg's own copy of the
     // damage, and all of them where only the index or the header is lost.
     void damages()
     {
-        QFETCH(int, kind);
-        QFETCH(QString, how);
-        VM_FIXTURE(healthy, make(kKinds[kind], false));
-        VM_FIXTURE(sample, make(kKinds[kind], true));
-        QTemporaryDir tmp;
-        const QString name = "clip." + QFileInfo(healthy).suffix().toUpper();
-        const QString damaged = tmp.path() + "/" + name;
-        QVERIFY(writeAll(damaged, damage(readAll(healthy), how)));
-        const QByteArray before = fixtures::digest(damaged), sampleBefore = fixtures::digest(sample);
-        QDir(tmp.path()).mkdir("out");
+        for (const Kind &kind : kKinds)
+            for (const QString how : {"idx1 cut", "cut at 70%", "header zeroed", "zeros mid-file"}) {
+                VM_FIXTURE(healthy, make(kind, false));
+                VM_FIXTURE(sample, make(kind, true));
+                QTemporaryDir tmp;
+                const QString name = "clip." + QFileInfo(healthy).suffix().toUpper();
+                const QString damaged = tmp.path() + "/" + name;
+                QVERIFY(writeAll(damaged, damage(readAll(healthy), how)));
+                const QByteArray before = fixtures::digest(damaged), sampleBefore = fixtures::digest(sample);
+                QDir(tmp.path()).mkdir("out");
 
-        const bool headerLost = how == "header zeroed";
-        QString first;
-        const Outcome o = repairWithSample(damaged, tmp.path() + "/out", sample, &first);
-        QCOMPARE(first, QString(headerLost ? "Awaiting Action" : "Completed"));
-        QCOMPARE(o.status, QString("Completed"));
-        QCOMPARE(fixtures::digest(damaged), before);
-        QCOMPARE(fixtures::digest(sample), sampleBefore);
-        QVERIFY2(!QFileInfo::exists(tmp.path() + "/Repaired/Index.avi"), "the index work file is left");
+                const bool headerLost = how == "header zeroed";
+                QString first;
+                const Outcome o = repairWithSample(damaged, tmp.path() + "/out", sample, &first);
+                QCOMPARE(first, QString(headerLost ? "Awaiting Action" : "Completed"));
+                QCOMPARE(o.status, QString("Completed"));
+                QCOMPARE(fixtures::digest(damaged), before);
+                QCOMPARE(fixtures::digest(sample), sampleBefore);
+                QVERIFY2(!QFileInfo::exists(tmp.path() + "/Repaired/Index.avi"), "the index work file is left");
 
-        const QString fault = structureFault(readAll(o.output));
-        QVERIFY2(fault.isEmpty(), qPrintable(fault));
-        const QStringList h = frameHashes(healthy), got = frameHashes(o.output);
-        const QString copy = tmp.path() + "/copy.avi";
-        ffmpeg({"-i", damaged, "-c", "copy", copy});
-        const QStringList base = frameHashes(copy);
-        const int mine = identical(h, got), theirs = identical(h, base);
-        qInfo("%s: %d of %d frames identical; ffmpeg's copy %d", QTest::currentDataTag(), mine, int(h.size()), theirs);
-        if (how == "idx1 cut" || headerLost)
-            QCOMPARE(mine, h.size());
-        else
-            QVERIFY(mine >= theirs);
-        const double want = headerLost || how == "idx1 cut" ? soundSeconds(healthy) : soundSeconds(copy);
-        QVERIFY2(qAbs(soundSeconds(o.output) - want) <= want * 0.01 + 0.05,
-                 qPrintable(QString("sound %1 s, expected %2 s").arg(soundSeconds(o.output)).arg(want)));
+                const QString fault = structureFault(readAll(o.output));
+                QVERIFY2(fault.isEmpty(), qPrintable(fault));
+                const QStringList h = frameHashes(healthy), got = frameHashes(o.output);
+                const QString copy = tmp.path() + "/copy.avi";
+                ffmpeg({"-i", damaged, "-c", "copy", copy});
+                const QStringList base = frameHashes(copy);
+                const int mine = identical(h, got), theirs = identical(h, base);
+                qInfo("%s, %s: %d of %d frames identical; ffmpeg's copy %d", kind.name, qPrintable(how), mine,
+                      int(h.size()), theirs);
+                if (how == "idx1 cut" || headerLost)
+                    QCOMPARE(mine, h.size());
+                else
+                    QVERIFY(mine >= theirs);
+                const double want = headerLost || how == "idx1 cut" ? soundSeconds(healthy) : soundSeconds(copy);
+                QVERIFY2(qAbs(soundSeconds(o.output) - want) <= want * 0.01 + 0.05,
+                         qPrintable(QString("sound %1 s, expected %2 s").arg(soundSeconds(o.output)).arg(want)));
+            }
     }
 
     // Files and samples that hold no usable header wait for a sample, and a
@@ -238,15 +231,10 @@ private Q_SLOTS:
         const avi::Headers h = avi::FindHeaders(hr, hr.size() * 10, false, nullptr, stop);
         QVERIFY(h.meets(false));
         QVERIFY(!h.meets(true));
-        QFile logFile(tmp.path() + "/log.txt"), indexFile(tmp.path() + "/index");
-        QVERIFY(logFile.open(QIODevice::WriteOnly) && indexFile.open(QIODevice::WriteOnly));
-        logFile.write(log.data());
-        indexFile.write(index.data());
-        logFile.close();
-        indexFile.close();
+        QVERIFY(writeAll(tmp.path() + "/log.txt", log.data()) && writeAll(tmp.path() + "/index", index.data()));
         const avi::Sources from{&hr, &hr, &hr, &hr};
-        QCOMPARE(avi::WriteFile(tmp.path() + "/out.avi", h, from, r, l, false, logFile.fileName(),
-                                indexFile.fileName(), stop),
+        QCOMPARE(avi::WriteFile(tmp.path() + "/out.avi", h, from, r, l, false, tmp.path() + "/log.txt",
+                                tmp.path() + "/index", stop),
                  QString());
         const QByteArray out = readAll(tmp.path() + "/out.avi");
         QVERIFY(!out.contains("strf"));

@@ -2,6 +2,7 @@
 // same bytes, and must not go back to the disk for bytes it holds.
 
 #include "repair/BufferedReader.h"
+#include "support/MediaCompare.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -31,13 +32,8 @@ private Q_SLOTS:
         QVERIFY(m_dir.isValid());
         m_path = m_dir.filePath("data.bin");
         // Not a multiple of the window, so the last window is a short one.
-        m_data.resize(3 * 1024 * 1024 + 12345);
-        QRandomGenerator rng(42);
-        for (int i = 0; i < m_data.size(); ++i)
-            m_data[i] = char(rng.generate() & 0xFF);
-        QFile f(m_path);
-        QVERIFY(f.open(QIODevice::WriteOnly));
-        f.write(m_data);
+        m_data = media::noise(3 * 1024 * 1024 + 12345, 42);
+        QVERIFY(media::writeAll(m_path, m_data));
     }
 
     void agreesWithStdio()

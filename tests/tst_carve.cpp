@@ -14,35 +14,16 @@
 #include "support/MovBuilder.h"
 
 #include <QCryptographicHash>
-#include <QProcess>
 #include <QRandomGenerator>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
-#include <cstdio>
-#include <unistd.h>
 
 using fixtures::digest;
 using fixtures::probe;
 
 namespace {
 using namespace media;
-
-// Frames the decoder gets out of the video, and whether it complained.
-int decodedFrames(const QString &path, QString *errors)
-{
-    QProcess proc;
-    proc.start("ffmpeg", {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-fps_mode", "passthrough", "-f",
-                          "framemd5", "-"});
-    proc.waitForFinished(120000);
-    if (errors)
-        *errors = QString::fromUtf8(proc.readAllStandardError());
-    int n = 0;
-    for (const QByteArray &l : proc.readAllStandardOutput().split('\n'))
-        if (!l.isEmpty() && !l.startsWith('#'))
-            ++n;
-    return n;
-}
 
 // Video packets of a healthy file that lie wholly outside [from, to) and
 // before `end`: what a carve of the damaged copy can hope to find.
@@ -170,11 +151,11 @@ private Q_SLOTS:
             pApp.nSoundSampleRate = r.rate;
             pApp.nSoundChannels = r.channels;
             QVERIFY(adts::BuildAdtsHeader(r.payload));
-            QCOMPARE(pApp.nAdtsBytes[0] << 8 | pApp.nAdtsBytes[1], 0xFFF1u);
-            QCOMPARE((pApp.nAdtsBytes[2] >> 2) & 0xF, r.index);
-            QCOMPARE((pApp.nAdtsBytes[2] & 1) << 2 | pApp.nAdtsBytes[3] >> 6, r.written);
-            QCOMPARE(length(), r.length);
-            QCOMPARE(pApp.nSoundSampleRate, r.rate == 1000 ? 48000u : r.rate);
+            const quint32 *b = pApp.nAdtsBytes;
+            QVERIFY2((b[0] << 8 | b[1]) == 0xFFF1u && ((b[2] >> 2) & 0xF) == r.index
+                         && ((b[2] & 1) << 2 | b[3] >> 6) == r.written && length() == r.length
+                         && pApp.nSoundSampleRate == (r.rate == 1000 ? 48000u : r.rate),
+                     qPrintable(QStringLiteral("%1 Hz, %2 bytes").arg(r.rate).arg(r.payload)));
         }
         pApp.nSoundSampleRate = 12345; // no AAC index: refused, not a crash
         QVERIFY(!adts::BuildAdtsHeader(300));
@@ -212,7 +193,6 @@ private Q_SLOTS:
             many += QByteArray(1, char(i >> 16)) + char(i >> 8) + char(i);
         many += many.left(30); // repeats change nothing
         const QByteArray out = run(many);
-        QCOMPARE(out.size(), 30000);
         QCOMPARE(out, many.left(30000));
         QCOMPARE(run("abcd"), QByteArray("abc"));       // a short tail is dropped
         QCOMPARE(run(QByteArray()), QByteArray());
@@ -256,76 +236,67 @@ private Q_SLOTS:
         const Outcome r = repairIn(healthy, work.path());
         QCOMPARE(r.status, QString("Completed"));
         const fixtures::Streams p = probe(r.output), h = probe(healthy);
-        QCOMPARE(p.video, h.video);
-        QCOMPARE(p.audio, h.audio);
+        QVERIFY(p.video == h.video && p.audio == h.audio);
         QCOMPARE(repairIn(noMoov, work.path()).status, QString("Awaiting Action"));
-    }
-
-    void sampleRunsRepair_data()
-    {
-        QTest::addColumn<int>("row");
-        for (int i = 0; i < int(sizeof kRuns / sizeof kRuns[0]); ++i) {
-            const SampleRun &r = kRuns[i];
-            QTest::newRow(qPrintable(QStringLiteral("%1 / %2, %3 s chunks, %4").arg(r.name, r.sample).arg(r.chunk).arg(r.damage))) << i;
-        }
     }
 
     void sampleRunsRepair()
     {
-        QFETCH(int, row);
-        const SampleRun &run = kRuns[row];
-        const QString name = run.name, sample = run.sample, damage = run.damage;
-        const double chunk = run.chunk, minVideo = run.video, minAudio = run.audio;
-        const QString ext = name.contains("mp3") ? ".mp4" : ".mov"; // ffmpeg puts MP3 in mp4a only in mp4
-        auto laidOut = [&](const QString &path) { return chunk > 0 ? fixtures::cameraLayout(path, chunk) : path; };
-        VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ext)));
-        VM_FIXTURE(samplePath, laidOut(fixtures::healthy(sample + ext)));
-        QString damaged;
-        quint64 from = 0, to = 0, end = ~quint64(0);
-        if (damage == "nomoov") {
-            damaged = fixtures::moovRemoved(healthy);
-        } else if (damage == "moovzero") {
-            damaged = fixtures::moovZeroed(healthy);
-        } else if (damage == "stopped") {
-            // A recording that stopped before its end was written: mdat size 0, no moov.
-            damaged = fixtures::mdatSizeZero(fixtures::moovRemoved(healthy));
-        } else if (damage == "cut") {
-            damaged = fixtures::cutAt(healthy, 70);
-            end = quint64(QFileInfo(damaged).size());
-        } else {
-            damaged = fixtures::moovRemoved(fixtures::damagedMiddle(healthy, damage == "random", &from));
-            to = from + (64 << 10);
+        for (const SampleRun &run : kRuns) {
+            const QString name = run.name, sample = run.sample, damage = run.damage;
+            const double chunk = run.chunk, minVideo = run.video, minAudio = run.audio;
+            const QString ext = name.contains("mp3") ? ".mp4" : ".mov"; // ffmpeg puts MP3 in mp4a only in mp4
+            auto laidOut = [&](const QString &path) { return chunk > 0 ? fixtures::cameraLayout(path, chunk) : path; };
+            VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ext)));
+            VM_FIXTURE(samplePath, laidOut(fixtures::healthy(sample + ext)));
+            QString damaged;
+            quint64 from = 0, to = 0, end = ~quint64(0);
+            if (damage == "nomoov") {
+                damaged = fixtures::moovRemoved(healthy);
+            } else if (damage == "moovzero") {
+                damaged = fixtures::moovZeroed(healthy);
+            } else if (damage == "stopped") {
+                // A recording that stopped before its end was written: mdat size 0, no moov.
+                damaged = fixtures::mdatSizeZero(fixtures::moovRemoved(healthy));
+            } else if (damage == "cut") {
+                damaged = fixtures::cutAt(healthy, 70);
+                end = quint64(QFileInfo(damaged).size());
+            } else {
+                damaged = fixtures::moovRemoved(fixtures::damagedMiddle(healthy, damage == "random", &from));
+                to = from + (64 << 10);
+            }
+            QVERIFY(!damaged.isEmpty());
+            const QByteArray before = digest(damaged), sampleBefore = digest(samplePath);
+            QTemporaryDir work;
+            const QString tag = QStringLiteral("%1 / %2, %3 s chunks, %4").arg(name, sample).arg(chunk).arg(damage);
+            QVERIFY2(repairIn(damaged, work.path()).status == "Awaiting Action", qPrintable(tag));
+            const Outcome r = repairIn(damaged, work.path(), samplePath);
+            QVERIFY2(r.status == "Completed", qPrintable(tag));
+            const fixtures::Streams p = probe(r.output);
+            const int intact = intactVideo(healthy, from, to, end);
+            QString errors;
+            const int decoded = frameHashes(r.output, &errors).size();
+            qInfo().noquote() << tag << QStringLiteral("video %1 packets of %2 intact, %3 decoded; audio %4 s of %5 s")
+                                     .arg(p.video).arg(intact).arg(decoded).arg(p.audioSeconds).arg(p.videoSeconds);
+            QVERIFY2(p.video >= int(minVideo * intact), qPrintable(QString::number(p.video)));
+            if (from == to) {
+                // Every packet decodes, the B-frames at the start too.
+                QVERIFY2(decoded >= int(minVideo * intact), qPrintable(QString::number(decoded)));
+                // A cut leaves its last unit short.
+                QVERIFY2(damage == "cut" || !errors.contains("error while decoding"), qPrintable(errors.left(400)));
+            } else {
+                // Frames that refer to what the damage took can't be decoded.
+                QVERIFY(decoded >= p.video / 2);
+            }
+            if (minAudio < 0) {
+                QCOMPARE(p.audio, -1);
+            } else {
+                QVERIFY(p.audio > 0);
+                QVERIFY2(p.audioSeconds >= minAudio * p.videoSeconds, qPrintable(QString::number(p.audioSeconds)));
+            }
+            QCOMPARE(digest(damaged), before);
+            QCOMPARE(digest(samplePath), sampleBefore);
         }
-        QVERIFY(!damaged.isEmpty());
-        const QByteArray before = digest(damaged), sampleBefore = digest(samplePath);
-        QTemporaryDir work;
-        QCOMPARE(repairIn(damaged, work.path()).status, QString("Awaiting Action"));
-        const Outcome r = repairIn(damaged, work.path(), samplePath);
-        QCOMPARE(r.status, QString("Completed"));
-        const fixtures::Streams p = probe(r.output);
-        const int intact = intactVideo(healthy, from, to, end);
-        QString errors;
-        const int decoded = decodedFrames(r.output, &errors);
-        qInfo().noquote() << QStringLiteral("video %1 packets of %2 intact, %3 decoded; audio %4 s of %5 s")
-                                 .arg(p.video).arg(intact).arg(decoded).arg(p.audioSeconds).arg(p.videoSeconds);
-        QVERIFY2(p.video >= int(minVideo * intact), qPrintable(QString::number(p.video)));
-        if (from == to) {
-            // Every packet decodes, the B-frames at the start too.
-            QVERIFY2(decoded >= int(minVideo * intact), qPrintable(QString::number(decoded)));
-            // A cut leaves its last unit short.
-            QVERIFY2(damage == "cut" || !errors.contains("error while decoding"), qPrintable(errors.left(400)));
-        } else {
-            // Frames that refer to what the damage took can't be decoded.
-            QVERIFY(decoded >= p.video / 2);
-        }
-        if (minAudio < 0) {
-            QCOMPARE(p.audio, -1);
-        } else {
-            QVERIFY(p.audio > 0);
-            QVERIFY2(p.audioSeconds >= minAudio * p.videoSeconds, qPrintable(QString::number(p.audioSeconds)));
-        }
-        QCOMPARE(digest(damaged), before);
-        QCOMPARE(digest(samplePath), sampleBefore);
     }
 
     void carvedAacFramesEqualFfmpegs()
@@ -563,22 +534,14 @@ private Q_SLOTS:
         VM_FIXTURE(sample, fixtures::healthy("carve_aac48_sample.mov"));
         VM_FIXTURE(noMoov, fixtures::moovRemoved(healthy));
         QTemporaryDir work;
-        const QString err = work.filePath("stderr.txt"), out = work.filePath("stdout.txt");
-        const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
-            if (!std::freopen(qPrintable(err), "w", stderr) || !std::freopen(qPrintable(out), "w", stdout))
-                return 4;
-            const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), s = sample.toUtf8(), f = noMoov.toUtf8();
-            execl(cli.constData(), cli.constData(), "repair", "--verbose", "--work", w.constData(), "--sample",
-                  s.constData(), "--", f.constData(), static_cast<char *>(nullptr));
-            return 5;
-        });
+        QByteArray out, err;
+        const int status = media::cliWithFileLimit(
+            64 << 10, {"repair", "--verbose", "--work", work.path(), "--sample", sample, "--", noMoov}, &out, &err);
         if (status < 0)
             QSKIP("no file size limit here");
         QCOMPARE(status, 1);
-        QFile o(out), e(err);
-        QVERIFY(o.open(QIODevice::ReadOnly) && e.open(QIODevice::ReadOnly));
-        QVERIFY(o.readAll().startsWith("Failed"));
-        QVERIFY(e.readAll().contains("Could not write the carved video stream: File too large"));
+        QVERIFY(out.startsWith("Failed"));
+        QVERIFY(err.contains("Could not write the carved video stream: File too large"));
         QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files), QStringList());
     }
 

@@ -79,16 +79,11 @@ private Q_SLOTS:
     void usageErrorsExitTwo()
     {
         Result r = cli({});
-        QCOMPARE(r.code, 2);
-        QVERIFY(r.err.contains("usage"));
+        QVERIFY(r.code == 2 && r.err.contains("usage"));
         r = cli({"repair", m_dir.filePath("nope.mov")});
-        QCOMPARE(r.code, 2);
-        QVERIFY(r.err.contains("nope.mov"));
-        QVERIFY(r.out.isEmpty());
-        r = cli({"repair", "--frobnicate", "x"});
-        QCOMPARE(r.code, 2);
-        r = cli({"inspect", m_dir.path()});
-        QCOMPARE(r.code, 2);
+        QVERIFY(r.code == 2 && r.err.contains("nope.mov") && r.out.isEmpty());
+        QCOMPARE(cli({"repair", "--frobnicate", "x"}).code, 2);
+        QCOMPARE(cli({"inspect", m_dir.path()}).code, 2);
     }
 
     void inspectPrintsTheFigures()
@@ -97,17 +92,14 @@ private Q_SLOTS:
         Result r = cli({"inspect", hevc});
         QCOMPARE(r.code, 0);
         auto kv = keyValues(r.out);
-        QCOMPARE(kv["moov"], QString("found"));
-        QCOMPARE(kv["FormatCode"], QString("5"));
-        QCOMPARE(kv["bHevcWithPcm"], QString("1"));
-        QCOMPARE(kv["bSampleHasAudio"], QString("1"));
+        QCOMPARE(QStringList({kv["moov"], kv["FormatCode"], kv["bHevcWithPcm"], kv["bSampleHasAudio"]}),
+                 QStringList({"found", "5", "1", "1"}));
 
         VM_FIXTURE(noMoov, fixtures::moovRemoved(fixtures::healthy("h264_aac.mp4")));
         r = cli({"inspect", "--damaged", noMoov});
         QCOMPARE(r.code, 0);
         kv = keyValues(r.out);
-        QCOMPARE(kv["moov"], QString("missing"));
-        QCOMPARE(kv["classified"], QString("no"));
+        QCOMPARE(QStringList({kv["moov"], kv["classified"]}), QStringList({"missing", "no"}));
     }
 
     void repairReportsEachFile()
@@ -143,10 +135,9 @@ private Q_SLOTS:
         const QJsonArray a = QJsonDocument::fromJson(r.out.toUtf8()).array();
         QCOMPARE(a.size(), 1);
         const QJsonObject o = a.at(0).toObject();
-        QCOMPARE(o["status"].toString(), QString("Completed"));
-        QCOMPARE(o["source"].toString(), QString("-y.mp4"));
+        QCOMPARE(QStringList({o["status"].toString(), o["source"].toString(), o["output"].toString()}),
+                 QStringList({"Completed", "-y.mp4", out.filePath("-y(1).mp4")}));
         QCOMPARE(o["formatCode"].toInt(), 0);
-        QCOMPARE(o["output"].toString(), out.filePath("-y(1).mp4"));
         QVERIFY(QFileInfo(out.filePath("-y(1).mp4")).size() > 2048);
         QVERIFY(o["videoFrames"].toInt() > 40 && o["audioSeconds"].toDouble() > 1.5);
         QVERIFY(o["mediaUsed"].toDouble() > 0.9 && o["reason"].isNull());

@@ -2,6 +2,7 @@
 // camera would, and checks the code and the figures the carvers will use.
 
 #include "repair/ThreadVideoRepair.h"
+#include "support/MediaCompare.h"
 #include "support/MovBuilder.h"
 
 #include <QRandomGenerator>
@@ -24,21 +25,23 @@ class TestMoovParse : public QObject
         mov::write(path, ftyp() + atom("mdat", QByteArray(4096, '\x5a')) + moovAtom);
         return path;
     }
-    static void readAsSample(const QString &path, bool threeGp = false)
+    // With `t`, or a thread of its own, after a reset.
+    static bool asSample(const QString &path, bool threeGp = false, ThreadVideoRepair *t = nullptr)
     {
+        ThreadVideoRepair own;
         pApp.reset();
         pApp.b3gpFile = threeGp;
-        ThreadVideoRepair t;
-        QVERIFY(t.ScanSampleFile(path));
+        return (t ? t : &own)->ScanSampleFile(path);
     }
-    static void readAsDamaged(const QString &path, bool threeGp = false)
+    static bool asDamaged(const QString &path, ThreadVideoRepair *t = nullptr)
     {
+        ThreadVideoRepair own;
+        t = t ? t : &own;
         pApp.reset();
-        pApp.b3gpFile = threeGp;
-        ThreadVideoRepair t;
-        QVERIFY(t.pSource.open(path));
-        t.ullFileLeft = pApp.ullFileSize = t.pSource.size();
-        QVERIFY(t.WalkDamagedFile());
+        if (!t->pSource.open(path))
+            return false;
+        t->ullFileLeft = pApp.ullFileSize = t->pSource.size();
+        return t->WalkDamagedFile();
     }
 
 private Q_SLOTS:
@@ -48,17 +51,15 @@ private Q_SLOTS:
     {
         const QString p = file(moov({videoTrak("avc1", 1920, 1080, 30000, 1001),
                                      soundTrak(sampleEntrySound("mp4a", 48000, esds(0x40)), 48000, 1024)}));
-        readAsSample(p);
+        QVERIFY(asSample(p));
         // The sound's frame size: the first stsz entry is 4, so the second (371) is taken.
         QCOMPARE((QVector<quint32>{pApp.nFormatCode, pApp.FrameWidth, pApp.FrameHeight, pApp.nTimeScaleVideo, pApp.nVideoDelta,
                                    pApp.TimeScaleSound, pApp.nSoundSampleRate, pApp.nSoundDelta, pApp.nSoundFrameSize}),
                  (QVector<quint32>{0, 1920, 1080, 30000, 1001, 48000, 48000, 1024, 371}));
-        QVERIFY(pApp.bSampleHasAudio);
-        QVERIFY(pApp.bMoovParsed);
-        QVERIFY(pApp.nVideoStsdSize > 0);
+        QVERIFY(pApp.bSampleHasAudio && pApp.bMoovParsed && pApp.nVideoStsdSize > 0);
 
         // The first run skips tkhd and mdhd (its trak search runs past them).
-        readAsDamaged(p);
+        QVERIFY(asDamaged(p));
         QCOMPARE((QVector<quint32>{pApp.nFormatCode, pApp.FrameWidth, pApp.nTimeScaleVideo, pApp.nVideoDelta}),
                  (QVector<quint32>{0, 0, 0, 1001}));
         QVERIFY(pApp.bSawVideoTrak);
@@ -95,7 +96,7 @@ private Q_SLOTS:
             {"aac pair within 75 bytes", moov({videoTrak("avc1"), snd("mp4a", mp3), snd("mp4a", esds(0x40, 40))}), false, 0, false},
         };
         for (const auto &r : rows) {
-            readAsSample(file(r.moovAtom), r.threeGp);
+            QVERIFY(asSample(file(r.moovAtom), r.threeGp));
             QVERIFY2(pApp.nFormatCode == r.code && pApp.bHevcWithPcm == r.hevcPcm,
                      qPrintable(QStringLiteral("%1: code %2").arg(r.tag).arg(pApp.nFormatCode)));
         }
@@ -104,7 +105,7 @@ private Q_SLOTS:
     void damagedFileOnlyTagsAndLimits()
     {
         // Motion JPEG counts only in the damaged file's own moov.
-        readAsDamaged(file(moov({videoTrak("jpeg")})));
+        QVERIFY(asDamaged(file(moov({videoTrak("jpeg")}))));
         QCOMPARE(pApp.nFormatCode, 17u);
 
         // A video stsd of 1000 bytes or more isn't saved from a damaged file.
@@ -112,18 +113,13 @@ private Q_SLOTS:
         const QByteArray big = atom("trak", tkhd(640, 360) + atom("mdia", mdhd(30000) + atom("minf",
                                     atom("vmhd", zeros(12)) + atom("stbl", stsd(bigEntry) + stts(1001) + stblTail()))));
         ThreadVideoRepair t;
-        pApp.reset();
-        const QString p = file(moov({big}));
-        QVERIFY(t.pSource.open(p));
-        t.ullFileLeft = pApp.ullFileSize = t.pSource.size();
-        QVERIFY(t.WalkDamagedFile());
-        QVERIFY(pApp.nVideoStsdSize >= 1000);
-        QVERIFY(t.pVideoStsd.isEmpty());
+        QVERIFY(asDamaged(file(moov({big})), &t));
+        QVERIFY(pApp.nVideoStsdSize >= 1000 && t.pVideoStsd.isEmpty());
 
         // ctts with several entries: the first three make the pattern.
         const QByteArray ctts = atom("ctts", zeros(4) + be32(3) + be32(1) + be32(2002) + be32(1) + be32(0)
                                                  + be32(1) + be32(1001));
-        readAsDamaged(file(moov({videoTrak("avc1", 640, 360, 30000, 1001, ctts)})));
+        QVERIFY(asDamaged(file(moov({videoTrak("avc1", 640, 360, 30000, 1001, ctts)}))));
         QVERIFY(pApp.bHasCtts);
         QCOMPARE((QVector<quint32>{pApp.nCttsEntries, pApp.nCttsCount1, pApp.nCttsOffset1, pApp.nCttsCount2, pApp.nCttsOffset2,
                                    pApp.nCttsCount3, pApp.nCttsOffset3}),
@@ -140,12 +136,10 @@ private Q_SLOTS:
         const int sd = hostile.indexOf("stsd");
         hostile.replace(sd - 4, 4, be32(0xFFFFFFFF));
         const QString p = file(hostile);
-        pApp.reset();
-        ThreadVideoRepair t;
-        t.ScanSampleFile(p);
-        QVERIFY(t.pVideoStsd.size() <= QFileInfo(p).size());
-        readAsDamaged(p);
-        QVERIFY(t.pVideoStsd.size() <= QFileInfo(p).size());
+        ThreadVideoRepair t, u;
+        asSample(p, false, &t);
+        asDamaged(p, &u);
+        QVERIFY(t.pVideoStsd.size() <= QFileInfo(p).size() && u.pVideoStsd.size() <= QFileInfo(p).size());
     }
 
     void survivesCorruptedMoovs()
@@ -169,26 +163,17 @@ private Q_SLOTS:
                 bytes[at] = kind == 0 ? '\0' : kind == 1 ? '\xff' : char(rng.bounded(256));
             }
             QVERIFY(mov::write(path, bytes));
-            pApp.reset();
-            ThreadVideoRepair t;
-            t.ScanSampleFile(path);
-            QVERIFY(t.pVideoStsd.size() <= bytes.size());
-            QVERIFY(t.pSoundStsd.size() <= bytes.size());
-            pApp.reset();
-            ThreadVideoRepair u;
-            QVERIFY(u.pSource.open(path));
-            u.ullFileLeft = pApp.ullFileSize = u.pSource.size();
-            u.WalkDamagedFile();
+            ThreadVideoRepair t, u;
+            asSample(path, false, &t);
+            asDamaged(path, &u);
+            QVERIFY(t.pVideoStsd.size() <= bytes.size() && t.pSoundStsd.size() <= bytes.size());
             QVERIFY(u.pVideoStsd.size() <= bytes.size());
         }
     }
 
     void survivesRandomAndZeroFiles()
     {
-        QRandomGenerator rng(99);
-        QByteArray noise(256 * 1024, '\0');
-        for (int i = 0; i < noise.size(); ++i)
-            noise[i] = char(rng.bounded(256));
+        QByteArray noise = media::noise(256 * 1024, 99);
         // Tags planted in noise: a moov header with an absurd size, a lone mvhd.
         noise.replace(1000, 8, be32(0xFFFFFFF0) + "moov");
         noise.replace(5000, 4, "mvhd");
@@ -196,13 +181,8 @@ private Q_SLOTS:
         for (const QByteArray &bytes : {noise, QByteArray(200 * 1024, '\0'), QByteArray("moov"), QByteArray()}) {
             const QString path = m_dir.filePath("noise.mov");
             QVERIFY(mov::write(path, bytes));
-            pApp.reset();
-            ThreadVideoRepair t;
-            QVERIFY(t.pSource.open(path));
-            t.ullFileLeft = pApp.ullFileSize = t.pSource.size();
-            t.WalkDamagedFile();
-            pApp.reset();
-            t.ScanSampleFile(path);
+            asDamaged(path);
+            asSample(path);
         }
     }
 };

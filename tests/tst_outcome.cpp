@@ -42,81 +42,57 @@ class TestOutcome : public QObject
 private Q_SLOTS:
     void init() { pApp.reset(); }
 
-    void carvedRecordingsKeepTheirSpeed_data()
-    {
-        // Seconds per chunk as cameras write (0: a frame per chunk), the rate.
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<double>("chunk");
-        QTest::addColumn<QString>("rate");
-        QTest::newRow("25 fps") << "carve_r25" << 0.0 << "25/1";
-        QTest::newRow("29.97 fps, camera chunks") << "carve_r2997" << 0.5 << "30000/1001";
-    }
-
     void carvedRecordingsKeepTheirSpeed()
     {
-        QFETCH(QString, name);
-        QFETCH(double, chunk);
-        QFETCH(QString, rate);
-        auto laidOut = [&](const QString &p) { return chunk > 0 ? fixtures::cameraLayout(p, chunk) : p; };
-        VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ".mov")));
-        VM_FIXTURE(sample, laidOut(fixtures::healthy(name + "_sample.mov")));
-        VM_FIXTURE(damaged, fixtures::moovRemoved(healthy));
-        QTemporaryDir work;
-        const media::Outcome o = media::repairIn(damaged, work.path(), sample, {"--keep-work-files"});
-        QCOMPARE(o.status, QString("Completed"));
-        const fixtures::Streams s = fixtures::probe(o.output);
-        QCOMPARE(s.videoRate, rate);
-        const double picture = s.videoSeconds, sound = s.audioSeconds;
-        QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
-        // Every picture at its own time, B-frames included: as in the healthy file.
-        QCOMPARE(pictures(o.output), pictures(healthy));
-        // No second result at a whole rate beside it.
-        QCOMPARE(QDir(work.filePath("Repaired")).entryList({"1_*"}, QDir::Files), QStringList());
-    }
-
-    void reasons_data()
-    {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<QString>("sample");
-        QTest::addColumn<int>("why");
-        QTest::addColumn<QString>("detail");
-        const QString aac = fixtures::healthy("carve_aac48.mov");
-        const QString text = m_dir.filePath("notes.txt");
-        media::writeAll(text, QByteArray("A line of notes, not a recording.\n").repeated(2000));
-        QTest::newRow("text file") << text << "" << int(Why::NothingFound) << "no video data";
-        QTest::newRow("random bytes") << randomFile(m_dir.filePath("noise.mp4"), 1 << 20) << ""
-                                      << int(Why::NothingFound) << "";
-        QTest::newRow("index lost, no sample yet") << fixtures::moovRemoved(aac) << "" << int(Why::None) << "";
-        QTest::newRow("HEVC sample for an H.264 recording")
-            << fixtures::moovRemoved(aac) << fixtures::healthy("carve_hevc_sample.mov") << int(Why::WrongSample)
-            << "codec H.264 in the recording, HEVC in the sample";
-        QTest::newRow("sample of another frame size, index kept")
-            << fixtures::cutAt(fixtures::healthy("h264_aac_faststart.mov"), 70)
-            << fixtures::healthy("carve_wide_sample.mov") << int(Why::WrongSample)
-            << "frame size 320x240 in the recording, 640x360 in the sample";
+        // 25 fps a frame a chunk; 29.97 fps in half-second chunks as cameras write.
+        for (const double chunk : {0.0, 0.5}) {
+            const QString name = chunk > 0 ? "carve_r2997" : "carve_r25";
+            auto laidOut = [&](const QString &p) { return chunk > 0 ? fixtures::cameraLayout(p, chunk) : p; };
+            VM_FIXTURE(healthy, laidOut(fixtures::healthy(name + ".mov")));
+            VM_FIXTURE(sample, laidOut(fixtures::healthy(name + "_sample.mov")));
+            VM_FIXTURE(damaged, fixtures::moovRemoved(healthy));
+            QTemporaryDir work;
+            const media::Outcome o = media::repairIn(damaged, work.path(), sample, {"--keep-work-files"});
+            QCOMPARE(o.status, QString("Completed"));
+            const fixtures::Streams s = fixtures::probe(o.output);
+            QCOMPARE(s.videoRate, QString(chunk > 0 ? "30000/1001" : "25/1"));
+            const double picture = s.videoSeconds, sound = s.audioSeconds;
+            QVERIFY2(qAbs(sound - picture) <= 0.01 * picture, qPrintable(QString("%1 s / %2 s").arg(sound).arg(picture)));
+            // Every picture at its own time, B-frames included: as in the healthy file.
+            QCOMPARE(pictures(o.output), pictures(healthy));
+            // No second result at a whole rate beside it.
+            QCOMPARE(QDir(work.filePath("Repaired")).entryList({"1_*"}, QDir::Files), QStringList());
+        }
     }
 
     void reasons()
     {
-        QFETCH(QString, file);
-        QFETCH(QString, sample);
-        QFETCH(int, why);
-        QFETCH(QString, detail);
-        QVERIFY(!file.isEmpty());
-        pApp.strChosenLocation = m_dir.path();
-        ThreadVideoRepair t;
-        outcome::FileReport last;
-        int reports = 0;
-        connect(&t, &ThreadVideoRepair::FileReported, this,
-                [&](int, const QString &, const outcome::FileReport &r) { last = r; ++reports; },
-                Qt::DirectConnection);
-        pApp.bSampleRun = !sample.isEmpty();
-        t.SetSampleFile(sample);
-        t.StartRepair({file}, true);
-        t.wait();
-        QCOMPARE(reports, 1);
-        QCOMPARE(int(last.why), why);
-        QVERIFY2(last.detail.contains(detail), qPrintable(last.detail));
+        const QString aac = fixtures::healthy("carve_aac48.mov"), text = m_dir.filePath("notes.txt");
+        media::writeAll(text, QByteArray("A line of notes, not a recording.\n").repeated(2000));
+        const struct { QString file, sample; Why why; QString detail; } rows[] = {
+            {text, "", Why::NothingFound, "no video data"},
+            {randomFile(m_dir.filePath("noise.mp4"), 1 << 20), "", Why::NothingFound, ""},
+            {fixtures::moovRemoved(aac), "", Why::None, ""}, // index lost, no sample yet
+            {fixtures::moovRemoved(aac), fixtures::healthy("carve_hevc_sample.mov"), Why::WrongSample,
+             "codec H.264 in the recording, HEVC in the sample"},
+            {fixtures::cutAt(fixtures::healthy("h264_aac_faststart.mov"), 70), fixtures::healthy("carve_wide_sample.mov"),
+             Why::WrongSample, "frame size 320x240 in the recording, 640x360 in the sample"},
+        };
+        for (const auto &row : rows) {
+            QVERIFY(!row.file.isEmpty());
+            pApp.reset();
+            pApp.strChosenLocation = m_dir.path();
+            ThreadVideoRepair t;
+            QList<outcome::FileReport> reports;
+            connect(&t, &ThreadVideoRepair::FileReported, this,
+                    [&](int, const QString &, const outcome::FileReport &r) { reports << r; }, Qt::DirectConnection);
+            pApp.bSampleRun = !row.sample.isEmpty();
+            t.SetSampleFile(row.sample);
+            t.StartRepair({row.file}, true);
+            t.wait();
+            QCOMPARE(reports.size(), 1);
+            QVERIFY2(reports[0].why == row.why && reports[0].detail.contains(row.detail), qPrintable(reports[0].detail));
+        }
     }
 
     void judgedByWhatTheResultHolds()
@@ -126,21 +102,16 @@ private Q_SLOTS:
         if (outcome::FindFfprobe().isEmpty())
             QSKIP("ffprobe missing");
         const outcome::Judged ok = outcome::Judge("Completed", healthy, {}, false);
-        QCOMPARE(ok.status, QString("Completed"));
-        QCOMPARE(ok.videoFrames, qint64(50));
-        QVERIFY(qAbs(ok.audioSeconds - 2.0) < 0.1);
-        QCOMPARE(ok.mediaUsed, -1.0);
-        QVERIFY(ok.reason.isEmpty());
+        QVERIFY(ok.status == "Completed" && ok.videoFrames == 50 && qAbs(ok.audioSeconds - 2.0) < 0.1);
+        QVERIFY(ok.mediaUsed == -1.0 && ok.reason.isEmpty());
 
         outcome::FileReport carved;
         carved.carved = true;
         carved.mediaBytes = 1000;
         carved.claimedBytes = 870;
         const outcome::Judged noVideo = outcome::Judge("Completed", soundOnly, carved, true);
-        QCOMPARE(noVideo.status, QString("Failed"));
-        QCOMPARE(noVideo.videoFrames, qint64(0));
+        QVERIFY(noVideo.status == "Failed" && noVideo.videoFrames == 0 && !noVideo.reason.isEmpty());
         QCOMPARE(qRound(noVideo.mediaUsed * 100), 87);
-        QVERIFY(!noVideo.reason.isEmpty());
 
         // Without a reason from the engine: waiting for a sample, or nothing found with one.
         QCOMPARE(outcome::Judge("Awaiting Action", {}, {}, false).reason, outcome::ReasonText(Why::NoSample, {}));
@@ -205,7 +176,6 @@ private Q_SLOTS:
             {fixtures::moovRemoved(avc), Codec::H264},
             {fixtures::moovRemoved(hevc), Codec::Hevc},
             {fixtures::moovRemoved(fixtures::cameraLayout(fixtures::healthy("carve_aac48.mov"), 1.0)), Codec::H264},
-            {fixtures::moovRemoved(fixtures::healthy("carve_r25.mov")), Codec::H264},
             {noise, Codec::Unknown},
         };
         for (const auto &p : probes) {

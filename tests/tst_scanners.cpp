@@ -12,7 +12,6 @@
 #include <QTemporaryDir>
 #include <QtTest>
 #include <functional>
-#include <unistd.h>
 
 using streamscan::Family;
 
@@ -174,26 +173,17 @@ private Q_SLOTS:
         // "Failed" (no sample would help), and no partial result stays.
         VM_FIXTURE(healthy, fixtures::healthy("scan_prores.mov"));
         QTemporaryDir work;
-        const QString out = work.filePath("stdout.txt"), err = work.filePath("stderr.txt");
-        const int status = fixtures::inChildWithFileLimit(64 << 10, [&] {
-            if (!std::freopen(qPrintable(out), "w", stdout) || !std::freopen(qPrintable(err), "w", stderr))
-                return 4;
-            const QByteArray cli = VM_CLI_PATH, w = work.path().toUtf8(), f = healthy.toUtf8();
-            execl(cli.constData(), cli.constData(), "repair", "--work", w.constData(), "--", f.constData(), static_cast<char *>(nullptr));
-            return 5;
-        });
-        if (status < 0)
+        QByteArray out, err;
+        if (media::cliWithFileLimit(64 << 10, {"repair", "--work", work.path(), "--", healthy}, &out, &err) < 0)
             QSKIP("no file size limit here");
-        QVERIFY(media::readAll(out).startsWith("Failed"));
-        QVERIFY(media::readAll(err).contains("the result could not be written: File too large"));
+        QVERIFY(out.startsWith("Failed"));
+        QVERIFY(err.contains("the result could not be written: File too large"));
         QCOMPARE(QDir(work.filePath("Repaired")).entryList(QDir::Files | QDir::Hidden), QStringList());
     }
 
     void badInputEndsInTheFile()
     {
-        QByteArray noise(1 << 20, 0), frame("\xFF\xD8\xFF\xE0", 4), hugeMoov("\xFF\xFF\xFF\xFFmoov", 8);
-        for (quint32 i = 0, x = 2463534242u; i < quint32(noise.size()); ++i)
-            x ^= x << 13, x ^= x >> 17, x ^= x << 5, noise[i] = char(x);
+        const QByteArray noise = media::noise(1 << 20, 3), frame("\xFF\xD8\xFF\xE0", 4), hugeMoov("\xFF\xFF\xFF\xFFmoov", 8);
         const QByteArray noEnd = QByteArray(noise).replace('\xFF', '\xFE');
         // bytes, and whether no piece may come of them (but ProRes frames behind a huge moov)
         const struct { QByteArray bytes; bool none; } rows[] = {

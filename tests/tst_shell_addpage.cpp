@@ -76,7 +76,6 @@ private Q_SLOTS:
         second->setCheckState(0, Qt::Unchecked);
         w.OnItemClicked(second, 0);
         QCOMPARE(w.SelectAllBtn->checkState(), Qt::PartiallyChecked);
-        QVERIFY(w.RepairBtn->isEnabled());
         w.OnCheckBoxbtnClicked(false);
         QVERIFY(!w.RepairBtn->isEnabled());
 

@@ -19,9 +19,7 @@ void writePlayer(const QString &path, const QString &record)
 QStringList recorded(const QString &record)
 {
     QFile f(record);
-    if (!f.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts);
+    return f.open(QIODevice::ReadOnly) ? QString::fromUtf8(f.readAll()).split('\n', Qt::SkipEmptyParts) : QStringList();
 }
 } // namespace
 
@@ -35,8 +33,7 @@ private Q_SLOTS:
     void playerAndArguments()
     {
         QTemporaryDir dir;
-        QDir(dir.path()).mkpath("app");
-        QDir(dir.path()).mkpath("bin");
+        QVERIFY(QDir(dir.path()).mkpath("app") && QDir(dir.path()).mkpath("bin"));
         const QString record = dir.filePath("record.txt");
         const QString appDir = shellApp.strAppDir;
         const QByteArray path = qgetenv("PATH");
@@ -49,6 +46,7 @@ private Q_SLOTS:
         DialogAnswerer answers;
         finishedRun(w, answers, makeFiles(dir.filePath("src"), {"a.mov", "b.DAT"}));
         const QString work = dir.filePath("src/Repaired");
+        auto stopPlayer = [&] { w.pPlayerProcess->kill(), w.pPlayerProcess->waitForFinished(5000); };
 
         // From PATH; a second click while it plays starts nothing.
         Q_EMIT w.lstRowButtons.at(1)->pButton->MousePressed(1);
@@ -58,22 +56,19 @@ private Q_SLOTS:
         QTest::qWait(300);
         QCOMPARE(recorded(record), QStringList{dir.filePath("bin/mplayer") + "|-nofs|1|" + work + "/b.mov|"});
 
-        w.pPlayerProcess->kill();
-        w.pPlayerProcess->waitForFinished(5000);
+        stopPlayer();
         // A double click hands over the cell's text as it stands.
         w.OnDoubleClicked(w.pRepairList->topLevelItem(1), 1);
         QTRY_COMPARE(recorded(record).size(), 2);
         QCOMPARE(recorded(record).last(), dir.filePath("bin/mplayer") + "|-vfm|1|" + work + "/b.DAT|");
-        w.pPlayerProcess->kill();
-        w.pPlayerProcess->waitForFinished(5000);
+        stopPlayer();
 
         // The application folder's player wins over PATH.
         writePlayer(dir.filePath("app/mplayer"), record);
         Q_EMIT w.lstRowButtons.at(0)->pButton->MousePressed(0);
         QTRY_COMPARE(recorded(record).size(), 3);
         QCOMPARE(recorded(record).last(), dir.filePath("app/mplayer") + "|-nofs|1|" + work + "/a.mov|");
-        w.pPlayerProcess->kill();
-        w.pPlayerProcess->waitForFinished(5000);
+        stopPlayer();
         QVERIFY(answers.seen.isEmpty());
 
         // A result deleted behind our back: said so, no player.

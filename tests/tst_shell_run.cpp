@@ -40,7 +40,6 @@ private Q_SLOTS:
         // Without an index the clip waits for a sample; the empty and the
         // vanished file get the worker's verdict like any other.
         QCOMPARE(column(w.pRepairList, 8), (QStringList{"Awaiting Action", "Awaiting Action", "Awaiting Action"}));
-        QVERIFY(!w.saveBtn->isEnabled());
 
         // The user's file is untouched; the work folder sits hidden beside it.
         QCOMPARE(digest(clip), before);
@@ -95,7 +94,6 @@ private Q_SLOTS:
             states << w.pRepairList->topLevelItem(i)->checkState(0);
         QCOMPARE(states, (QList<Qt::CheckState>{Qt::Unchecked, Qt::Checked, Qt::Unchecked, Qt::Checked, Qt::Checked,
                                                 Qt::Unchecked}));
-        QVERIFY(w.saveBtn->isEnabled());
     }
 
     void outcomeOfEachRow()
@@ -120,7 +118,6 @@ private Q_SLOTS:
         QTRY_COMPARE(column(w.pRepairList, 8), (QStringList{"Failed", "Awaiting Action"}));
         w.OnSelectAllClicked(true);
         QCOMPARE(w.pRepairList->topLevelItem(0)->checkState(0), Qt::Unchecked);
-        QVERIFY(!w.saveBtn->isEnabled());
     }
 
     void stopInARealRun()
@@ -162,7 +159,6 @@ private Q_SLOTS:
         release.release();
         QTRY_VERIFY_WITH_TIMEOUT(w.bAborted && w.RepairThread().isFinished(), 60000);
         QCOMPARE(column(w.pRepairList, 8), (QStringList{"Aborted", "Aborted", "Aborted"}));
-        QVERIFY(!w.saveBtn->isEnabled());
 
         // The user's folder and file stay; what the run added is gone.
         QCOMPARE(entries(dir.filePath("Repaired")), QStringList{"mine.mov"});

@@ -5,6 +5,7 @@
 
 #include "carve/audio/StreamOut.h"
 #include "repair/BufferedReader.h"
+#include "support/MediaCompare.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -68,16 +69,9 @@ private Q_SLOTS:
     void kernelAndHandCopiesAgree()
     {
         QTemporaryDir dir;
-        QByteArray data(9 << 20, '\0');
-        QRandomGenerator rng(5);
-        for (int i = 0; i < data.size(); ++i)
-            data[i] = char(rng.generate() & 0xFF);
+        const QByteArray data = media::noise(9 << 20, 5);
         const QString srcPath = dir.filePath("damaged.mov");
-        {
-            QFile f(srcPath);
-            QVERIFY(f.open(QIODevice::WriteOnly));
-            f.write(data);
-        }
+        QVERIFY(media::writeAll(srcPath, data));
         for (int mode = 0; mode < 4; ++mode) {
             const bool kernel = mode & 1, background = mode & 2;
             for (quint32 seed : {1u, 2u}) {
@@ -97,9 +91,7 @@ private Q_SLOTS:
                     out.detach();
                 }
                 file.close();
-                QFile check(outPath);
-                QVERIFY(check.open(QIODevice::ReadOnly));
-                const QByteArray got = check.readAll();
+                const QByteArray got = media::readAll(outPath);
                 QCOMPARE(got.size(), expect.size());
                 QVERIFY2(got == expect, qPrintable(QStringLiteral("kernel %1 background %2 seed %3")
                                                        .arg(kernel).arg(background).arg(seed)));

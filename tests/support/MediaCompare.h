@@ -12,6 +12,10 @@
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QStringList>
+#include <QTemporaryDir>
+#include <cstdio>
+#include <unistd.h>
+#include <vector>
 
 namespace media {
 
@@ -81,12 +85,17 @@ inline QString made(const QString &name, const QStringList &args)
     return {};
 }
 
-// The MD5 of each decoded picture of the first video stream, in order.
-inline QStringList frameHashes(const QString &path)
+// The MD5 of each decoded picture of the first video stream, in order; what
+// the decoder complained of goes to *errors.
+inline QStringList frameHashes(const QString &path, QString *errors = nullptr)
 {
-    const QStringList args = {"-v", "quiet", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"};
+    QProcess p;
+    p.start(fixtures::ffmpeg(), {"-v", "error", "-nostdin", "-i", path, "-map", "0:v:0", "-f", "framemd5", "-"});
+    p.waitForFinished(300000);
+    if (errors)
+        *errors = QString::fromUtf8(p.readAllStandardError());
     QStringList out;
-    for (const QString &line : run(fixtures::ffmpeg(), args).split('\n'))
+    for (const QString &line : QString::fromUtf8(p.readAllStandardOutput()).split('\n'))
         if (!line.startsWith('#') && line.count(',') >= 5)
             out << line.section(',', 5).trimmed();
     return out;
@@ -161,6 +170,31 @@ inline Outcome repairWithSample(const QString &file, const QString &out, const Q
     Outcome o = repair(file, out);
     *first = o.status;
     return o.status == "Awaiting Action" ? repair(file, out, sample) : o;
+}
+
+// videomend-cli with `args`, in a child whose files may not grow past `limit`
+// bytes; what it prints goes to *out and *err. -1 where no limit can be set.
+inline int cliWithFileLimit(quint64 limit, const QStringList &args, QByteArray *out, QByteArray *err = nullptr)
+{
+    QTemporaryDir dir;
+    const QByteArray o = QFile::encodeName(dir.filePath("out")), e = QFile::encodeName(dir.filePath("err"));
+    QList<QByteArray> argv{VM_CLI_PATH};
+    for (const QString &a : args)
+        argv << QFile::encodeName(a);
+    const int status = fixtures::inChildWithFileLimit(limit, [&] {
+        std::vector<char *> v;
+        for (QByteArray &a : argv)
+            v.push_back(a.data());
+        v.push_back(nullptr);
+        if (!std::freopen(o.constData(), "w", stdout) || !std::freopen(e.constData(), "w", stderr))
+            return 4;
+        execv(v[0], v.data());
+        return 5;
+    });
+    *out = readAll(dir.filePath("out"));
+    if (err)
+        *err = readAll(dir.filePath("err"));
+    return status;
 }
 
 } // namespace media
