@@ -6,7 +6,12 @@
 
 #include <QHash>
 #include <QStringList>
+#include <cstdlib>
 #include <cstring>
+#include <sys/mman.h>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 #include <memory>
 #include <numeric>
 
@@ -275,6 +280,48 @@ const char *CodecName(Codec c)
     return "unknown";
 }
 
+namespace {
+// Calls f(i) for each i in [0, n) whose byte is zero, in order, while f
+// returns true; 16 bytes are looked at together.
+template <typename F>
+void forEachZero(const quint8 *b, size_t n, F f)
+{
+    size_t i = 0;
+#if defined(__SSE2__)
+    const __m128i zero = _mm_setzero_si128();
+    for (; i + 16 <= n; i += 16) {
+        const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + i));
+        for (unsigned mask = unsigned(_mm_movemask_epi8(_mm_cmpeq_epi8(v, zero))); mask; mask &= mask - 1)
+            if (!f(i + size_t(__builtin_ctz(mask))))
+                return;
+    }
+#endif
+    for (; i < n; ++i)
+        if (b[i] == 0 && !f(i))
+            return;
+}
+
+// Room for n bytes, in huge pages where the system gives them: a fresh
+// buffer of tens of megabytes otherwise costs thousands of page faults.
+struct ProbeBuffer
+{
+    static constexpr size_t kHuge = size_t(2) << 20;
+    explicit ProbeBuffer(size_t n)
+    {
+        const size_t rounded = (n + kHuge - 1) / kHuge * kHuge;
+        bytes = static_cast<quint8 *>(std::aligned_alloc(kHuge, rounded ? rounded : kHuge));
+#if defined(MADV_HUGEPAGE)
+        if (bytes)
+            ::madvise(bytes, rounded, MADV_HUGEPAGE);
+#endif
+    }
+    ~ProbeBuffer() { std::free(bytes); }
+    ProbeBuffer(const ProbeBuffer &) = delete;
+    ProbeBuffer &operator=(const ProbeBuffer &) = delete;
+    quint8 *bytes = nullptr;
+};
+} // namespace
+
 Codec DetectNalCodec(BufferedReader &f)
 {
     if (!f.isOpen())
@@ -288,13 +335,14 @@ Codec DetectNalCodec(BufferedReader &f)
     // The probe looks ahead and back for every candidate, far on chance hits
     // in sound or ProRes data: the few megabytes it covers are read once.
     const size_t span = start < end ? size_t(end - start) : 0;
-    std::unique_ptr<quint8[]> bytes(new quint8[span + 1]);
-    if (f.readAt(start, bytes.get(), span) != span)
+    ProbeBuffer buffer(span + 1);
+    const quint8 *bytes = buffer.bytes;
+    if (!bytes || f.readAt(start, buffer.bytes, span) != span)
         return Codec::Unknown;
     // A unit: a length that fits, then a header of the codec.
     auto unitAt = [&](quint64 p, bool (*valid)(const quint8 *), quint64 *next) {
-        const quint8 *b = bytes.get() + (p - start);
-        if (b[0] != 0 || b[1] > (kMaxNalUnit >> 16))
+        const quint8 *b = bytes + (p - start);
+        if (b[1] > (kMaxNalUnit >> 16))
             return false;
         const quint32 len = quint32(b[0]) << 24 | quint32(b[1]) << 16 | quint32(b[2]) << 8 | b[3];
         if (len < 3 || len > kMaxNalUnit || p + 4 + len > end || !valid(b + 4))
@@ -303,34 +351,32 @@ Codec DetectNalCodec(BufferedReader &f)
         return true;
     };
     // Units whose end leads to another unit within a little sound: real
-    // streams link, chance hits in other data seldom do.
-    // A unit's length opens with a zero byte: the first at or after p whose
-    // look fits before limit, or past it.
-    auto nextZero = [&](quint64 p, quint64 limit) {
-        const quint8 *from = bytes.get() + (p - start);
-        const void *z = std::memchr(from, 0, size_t(limit - kNalLook + 1 - p));
-        return z ? p + quint64(static_cast<const quint8 *>(z) - from) : limit;
+    // streams link, chance hits in other data seldom do. A unit's length
+    // opens with a zero byte: only those positions are looked at.
+    auto zerosIn = [&](quint64 from, quint64 limit, auto f) {
+        if (from + kNalLook <= limit)
+            forEachZero(bytes + (from - start), size_t(limit - kNalLook + 1 - from),
+                        [&](size_t i) { return f(from + i); });
     };
-    auto linked = [&](bool (*valid)(const quint8 *)) {
-        int n = 0;
-        for (quint64 p = start; p + kNalLook <= end; ++p) {
-            quint64 q = 0, ignored = 0;
-            if ((p = nextZero(p, end)) + kNalLook > end)
-                break;
-            if (!unitAt(p, valid, &q))
-                continue;
-            for (quint64 r = q, last = qMin(end, q + kNalGap); r + kNalLook <= last; ++r) {
-                if ((r = nextZero(r, last)) + kNalLook > last)
-                    break;
-                if (unitAt(r, valid, &ignored)) {
-                    ++n;
-                    break;
-                }
-            }
-        }
-        return n;
+    auto linkedFrom = [&](quint64 q, bool (*valid)(const quint8 *)) {
+        bool found = false;
+        zerosIn(q, qMin(end, q + kNalGap), [&](quint64 r) {
+            quint64 ignored = 0;
+            found = unitAt(r, valid, &ignored);
+            return !found;
+        });
+        return found;
     };
-    const int avc = linked(h264Unit), hevc = linked(hevcUnit);
+    // Both codecs in one pass.
+    int avc = 0, hevc = 0;
+    zerosIn(start, end, [&](quint64 p) {
+        quint64 q = 0;
+        if (unitAt(p, h264Unit, &q) && linkedFrom(q, h264Unit))
+            ++avc;
+        if (unitAt(p, hevcUnit, &q) && linkedFrom(q, hevcUnit))
+            ++hevc;
+        return true;
+    });
     if (avc >= kMinLinkedUnits && avc >= kWinFactor * (hevc + 1))
         return Codec::H264;
     if (hevc >= kMinLinkedUnits && hevc >= kWinFactor * (avc + 1))
