@@ -1,6 +1,7 @@
 #include "repair/BufferedReader.h"
 
 #include <QFile>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -10,6 +11,13 @@ namespace {
 // Windows start on this boundary so that scans which look a few bytes back
 // (P - 4) don't force a reload at every window edge.
 constexpr quint64 kAlign = 64 * 1024;
+// Window buffers kept for reuse, at most.
+constexpr size_t kMaxBuffers = 8;
+
+std::shared_ptr<quint8> newBuffer(size_t n)
+{
+    return std::shared_ptr<quint8>(new quint8[n], std::default_delete<quint8[]>());
+}
 
 size_t preadFull(int fd, quint8 *dst, size_t n, quint64 pos)
 {
@@ -47,13 +55,16 @@ bool BufferedReader::open(const QString &path)
         ::close(fd);
         return false;
     }
+    static std::atomic<quint64> opens{0};
     m_fd = fd;
+    m_openId = ++opens;
     m_path = path;
     m_size = quint64(st.st_size);
     // A small file gets a small window (plus the alignment slack).
     const size_t need = size_t(qMin<quint64>(m_window, m_size + 2 * kAlign));
     if (need > m_bufSize) {
-        m_buf.reset(new quint8[need]);
+        m_buf.reset();
+        m_bufs.clear();
         m_bufSize = need;
     }
     m_winPos = m_winLen = 0;
@@ -82,11 +93,30 @@ bool BufferedReader::load(quint64 pos)
     if (start >= kAlign && m_bufSize >= 4 * kAlign)
         start -= kAlign;
     const size_t want = size_t(qMin<quint64>(m_bufSize, m_size - start));
+    m_buf.reset(); // free again, unless a writer still holds its bytes
+    m_buf = freeBuffer();
     m_winPos = start;
     m_winLen = preadFull(m_fd, m_buf.get(), want, start);
     ++m_diskReads;
     m_diskBytes += m_winLen;
     return pos - m_winPos < m_winLen;
+}
+
+std::shared_ptr<quint8> BufferedReader::freeBuffer()
+{
+    // A count of one means no other holder is left (a writer thread, the
+    // window), and none can take it again; the fence orders their last
+    // reads of it before our writes.
+    for (const std::shared_ptr<quint8> &b : m_bufs) {
+        if (b.use_count() == 1) {
+            std::atomic_thread_fence(std::memory_order_acquire);
+            return b;
+        }
+    }
+    std::shared_ptr<quint8> b = newBuffer(m_bufSize);
+    if (m_bufs.size() < kMaxBuffers)
+        m_bufs.push_back(b);
+    return b;
 }
 
 bool BufferedReader::isFar(quint64 pos) const

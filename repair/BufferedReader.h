@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstring>
 #include <memory>
+#include <vector>
 
 class BufferedReader
 {
@@ -36,6 +37,9 @@ public:
     const QString &path() const { return m_path; }
     // The descriptor, for copies the kernel can make file to file.
     int fd() const { return m_fd; }
+    // Different for every open() of any reader: tells whether fd() still
+    // names the file it named before.
+    quint64 openId() const { return m_openId; }
 
     // Copies up to n bytes from pos into dst and returns how many the file
     // held; the rest of dst is zeroed.
@@ -44,7 +48,7 @@ public:
     quint8 u8(quint64 pos)
     {
         if (pos - m_winPos < m_winLen)
-            return m_buf[size_t(pos - m_winPos)];
+            return m_buf.get()[size_t(pos - m_winPos)];
         quint8 b = 0;
         readAt(pos, &b, 1);
         return b;
@@ -98,6 +102,20 @@ public:
         return m_buf.get() + (pos - m_winPos);
     }
 
+    // The n bytes at pos, shared with the caller when the window holds them
+    // all (nullptr otherwise; nothing is read). They stay as they are while
+    // the handle lives, on any thread: a window loaded meanwhile goes into
+    // another buffer. Lets a writer thread write them without a copy.
+    std::shared_ptr<const quint8> share(quint64 pos, size_t n)
+    {
+        if (n && pos - m_winPos < m_winLen && m_winLen - (pos - m_winPos) >= n)
+            return std::shared_ptr<const quint8>(m_buf, m_buf.get() + (pos - m_winPos));
+        return nullptr;
+    }
+
+    // The bytes a buffer of the window takes.
+    size_t windowBytes() const { return m_bufSize; }
+
     // The walk goes on from pos: the window should hold it. A scan that hops
     // from unit to unit says so, since each hop alone looks like a far look.
     void moveTo(quint64 pos)
@@ -122,6 +140,8 @@ public:
 private:
     const quint8 *peekSlow(quint64 pos, size_t n);
     bool load(quint64 pos);
+    // A buffer nobody else holds: a spare one, or a new one.
+    std::shared_ptr<quint8> freeBuffer();
     // A small read far from the window (a length field probing ahead) goes
     // through a small side buffer, so the window the scan walks stays put.
     const quint8 *probe(quint64 pos, size_t n);
@@ -132,12 +152,14 @@ private:
     quint64 m_size = 0;
     size_t m_window;                 // the window size asked for
     size_t m_bufSize = 0;            // what is allocated: no more than the file needs
-    std::unique_ptr<quint8[]> m_buf; // left uninitialised; only loaded bytes are read
+    std::shared_ptr<quint8> m_buf; // left uninitialised; only loaded bytes are read
+    std::vector<std::shared_ptr<quint8>> m_bufs; // buffers made, reused once nobody else holds them
     quint64 m_winPos = 0;
     quint64 m_winLen = 0;
     quint64 m_cursor = 0;
     quint64 m_diskReads = 0;
     quint64 m_diskBytes = 0;
+    quint64 m_openId = 0;
     static constexpr size_t kProbeBytes = 1024;
     quint8 m_probe[kProbeBytes];
     quint64 m_probePos = 0;

@@ -143,6 +143,29 @@ private Q_SLOTS:
         QVERIFY2(r.diskBytes() <= bound, qPrintable(QStringLiteral("%1 read, bound %2").arg(r.diskBytes()).arg(bound)));
     }
 
+    void sharedBytesOutliveTheWindow()
+    {
+        // A writer holds bytes of earlier windows while the walk loads new
+        // ones: held bytes never change, and buffers let go are taken again.
+        BufferedReader r(256 * 1024);
+        QVERIFY(r.open(m_path));
+        QVERIFY(!r.share(0, 16)); // nothing loaded: nothing shared, nothing read
+        QCOMPARE(r.diskReads(), quint64(0));
+        std::vector<std::pair<quint64, std::shared_ptr<const quint8>>> held;
+        for (quint64 p = 0; p + 100 < r.size(); p += 70000) {
+            size_t len = 0;
+            QVERIFY(r.span(p, &len) && len >= 100); // the window moves here
+            std::shared_ptr<const quint8> h = r.share(p, 100);
+            QVERIFY(h);
+            held.push_back({p, std::move(h)});
+            if (held.size() > 12)
+                held.erase(held.begin() + 3);
+            for (const auto &x : held)
+                QCOMPARE(QByteArray(reinterpret_cast<const char *>(x.second.get()), 100), m_data.mid(int(x.first), 100));
+        }
+        QVERIFY(!r.share(r.size() - 10, 20)); // runs past what the window holds
+    }
+
     void closedOrMissingReadsZeros()
     {
         BufferedReader r;

@@ -1,7 +1,7 @@
-// The splitters' output files: chains of units copied by the kernel with
-// their start codes written afterwards, and buffers written by a background
-// thread, must give the very bytes of a copy made by hand on one thread,
-// whatever the mix of pieces, chain lengths and buffer edges.
+// The splitters' output files: bytes written straight from the reader's
+// window by a background thread, stretches copied by the kernel and pieces
+// copied by hand must give the very bytes of a plain copy, whatever the mix
+// of pieces, unit lengths and window edges.
 
 #include "carve/audio/StreamOut.h"
 #include "repair/BufferedReader.h"
@@ -37,9 +37,11 @@ class TestStreamOut : public QObject
                 expect += piece;
                 break;
             }
-            case 1: { // a stretch copied as it stands, sometimes past the end
+            case 1: { // a stretch copied as it stands (a sound frame to megabytes), sometimes past the end
                 const quint64 at = rng.bounded(quint32(size));
-                const quint64 len = rng.bounded(1u, 3u << 20);
+                const quint64 len = rng.bounded(2) ? rng.bounded(1u, 3u << 20) : rng.bounded(1u, 200000u);
+                if (rng.bounded(2))
+                    src.peek(at, 1); // the window where the walk reads, as it does before a copy
                 out.copy(src, at, len);
                 QByteArray piece = data.mid(int(at), int(len));
                 piece.append(QByteArray(int(len) - piece.size(), '\0'));
@@ -54,6 +56,7 @@ class TestStreamOut : public QObject
                 for (int i = 0; i < units && pos + 8 < size; ++i) {
                     const quint64 len = qMin<quint64>(size - pos - 4, rng.bounded(2) ? rng.bounded(1, 3000)
                                                                                       : rng.bounded(1, 1500000));
+                    src.peek(pos, 6); // the walk read the length here
                     out.unit(src, pos, len);
                     expect += QByteArray("\0\0\0\1", 4) + data.mid(int(pos + 4), int(len));
                     pos += 4 + len;
@@ -72,12 +75,13 @@ private Q_SLOTS:
         const QByteArray data = media::noise(9 << 20, 5);
         const QString srcPath = dir.filePath("damaged.mov");
         QVERIFY(media::writeAll(srcPath, data));
-        for (int mode = 0; mode < 4; ++mode) {
-            const bool kernel = mode & 1, background = mode & 2;
+        for (int mode = 0; mode < 8; ++mode) {
+            const bool kernel = mode & 1, background = mode & 2, shared = mode & 4;
             for (quint32 seed : {1u, 2u}) {
                 StreamOut::SetKernelCopy(kernel);
                 StreamOut::SetBackgroundWrites(background);
-                BufferedReader src;
+                StreamOut::SetSharedWindows(shared);
+                BufferedReader src(size_t(1) << 20);
                 QVERIFY(src.open(srcPath));
                 const QString outPath = dir.filePath(QStringLiteral("out-%1-%2").arg(mode).arg(seed));
                 QFile file(outPath);
@@ -93,12 +97,13 @@ private Q_SLOTS:
                 file.close();
                 const QByteArray got = media::readAll(outPath);
                 QCOMPARE(got.size(), expect.size());
-                QVERIFY2(got == expect, qPrintable(QStringLiteral("kernel %1 background %2 seed %3")
-                                                       .arg(kernel).arg(background).arg(seed)));
+                QVERIFY2(got == expect, qPrintable(QStringLiteral("kernel %1 background %2 shared %3 seed %4")
+                                                       .arg(kernel).arg(background).arg(shared).arg(seed)));
             }
         }
         StreamOut::SetKernelCopy(true);
         StreamOut::SetBackgroundWrites(true);
+        StreamOut::SetSharedWindows(true);
     }
 };
 

@@ -3,7 +3,14 @@
 
 #include <QtGlobal>
 
+#include <cstddef>
+
 namespace audio {
+
+// The window of the splitters' reader: the walk looks at the bytes it
+// loads while they are still in the processor's cache, and the writer
+// thread writes units straight from it.
+constexpr size_t kSplitWindow = size_t(1) << 20;
 constexpr int kAdtsHeaderBytes = 7;
 constexpr quint32 kMaxAdtsPayload = 8184; // 13-bit frame length less the header
 constexpr quint32 kDefaultRate = 48000;

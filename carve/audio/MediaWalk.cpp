@@ -85,7 +85,7 @@ BufferedReader &OpenSplit(CarverArgs &args, RepairState &s, const char *videoFil
         args.fpVideo.reset(new QFile(args.strVideo));
         args.fpVideo->open(QIODevice::ReadWrite);
     }
-    args.fpSource.reset(new BufferedReader);
+    args.fpSource.reset(new BufferedReader(audio::kSplitWindow));
     args.fpSource->open(args.strSource);
     s.ullFileSize = args.fpSource->size();
     return *args.fpSource;

@@ -1,16 +1,18 @@
 #pragma once
 // Appends to a work file of a splitter.
 //
-// Everything goes through a large buffer, written a few megabytes at a
-// time. Video units are held back while they follow each other in the
-// damaged file: a chain of units is the same bytes as the stream it becomes,
-// with a start code where each length stood. A chain of large units (intra
-// frames of big pictures) is copied file to file by the kernel in one piece
-// and its start codes written over the lengths afterwards, so those bytes
-// never pass through this process.
+// What is appended is gathered into jobs of a few megabytes that a
+// background thread writes while the splitter goes on scanning. Bytes the
+// reader's window holds are not copied: the job keeps the window's buffer
+// and writes straight from it. Other bytes of the damaged file (a stretch
+// the window doesn't hold) are copied into the job, or, when large, file
+// to file by the kernel. A video unit is a start code and the unit's bytes
+// behind its length.
 //
 // Writes go to the descriptor at an offset kept here; the QFile is only
-// flushed at the start and must not be written to until detach().
+// flushed at the start and must not be written to until detach(). A
+// BufferedReader given to copy() or unit() must stay open until the next
+// flush() or detach().
 
 #include <QByteArray>
 #include <QString>
@@ -22,6 +24,8 @@
 class BufferedReader;
 class QFile;
 class BackgroundWriter;
+struct JobRunner;
+struct WriteJob;
 
 class StreamOut
 {
@@ -49,24 +53,28 @@ public:
     // Off: every byte goes through this process (what happens anyway where
     // the kernel can't copy between the two files).
     static void SetKernelCopy(bool on);
-    // Off: full buffers are written on the caller's thread.
+    // Off: jobs are written on the caller's thread.
     static void SetBackgroundWrites(bool on);
+    // Off: bytes the reader's window holds are copied into the job too.
+    static void SetSharedWindows(bool on);
 
 private:
-    void append(const void *p, size_t n);
-    void appendFrom(BufferedReader &src, quint64 pos, quint64 len);
-    void appendChainByHand(BufferedReader &src, quint64 len);
-    void flushChain();
-    void flushBuffer();
+    WriteJob &job();
+    void dispatch(std::unique_ptr<WriteJob> job);
+    void dispatchJob();
+    // The descriptor a stretch of src is copied from by the kernel: a
+    // duplicate this object owns; -1 where src can't be copied from.
+    int sourceFd(BufferedReader &src);
 
     QFile *m_file;
     int m_fd = -1;
-    quint64 m_off = 0; // where the buffer goes in the file
+    quint64 m_off = 0; // where the job being gathered goes in the file
     bool m_kernelCopy = true;
-    QByteArray m_buf;
-    BufferedReader *m_chainSrc = nullptr;
-    quint64 m_chainBegin = 0, m_chainEnd = 0;
-    std::vector<quint64> m_codes; // offsets of the start codes in the chain
+    std::unique_ptr<WriteJob> m_job; // being gathered
+    const BufferedReader *m_srcReader = nullptr;
+    quint64 m_srcOpenId = 0;
+    int m_srcFd = -1;
     std::atomic<int> m_error{0};
-    std::unique_ptr<BackgroundWriter> m_writer; // made at the first full buffer
+    std::unique_ptr<JobRunner> m_inline;        // jobs on the caller's thread
+    std::unique_ptr<BackgroundWriter> m_writer; // made at the first job for it
 };
