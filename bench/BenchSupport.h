@@ -53,7 +53,8 @@ inline void startLikeCatCopy(const QStringList &leftovers)
 inline double timedRepair(const QString &file, const QString &sample, const QString &dir)
 {
     qputenv("PATH", "");
-    qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
+    if (!qEnvironmentVariableIsSet("VM_BENCH_LOG")) // the repair's own log lines, on request
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {});
     pApp.reset();
     pApp.strChosenLocation = dir;
     pApp.bSampleRun = !sample.isEmpty();

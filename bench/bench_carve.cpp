@@ -269,20 +269,24 @@ int main(int argc, char **argv)
     mux::SetKeepWorkFiles(true);
     bench::startLikeCatCopy({dir + "/Repaired"});
     const QByteArray path = qgetenv("PATH");
+    struct rusage before;
+    getrusage(RUSAGE_SELF, &before);
     const double secs = bench::timedRepair(big, sample, dir);
     qputenv("PATH", path); // ffprobe counts what came out
     const double mb = QFileInfo(big).size() / 1e6;
     struct rusage ru;
     getrusage(RUSAGE_SELF, &ru);
+    auto seconds = [](const timeval &t) { return double(t.tv_sec) + double(t.tv_usec) / 1e6; };
+    const double cpu = seconds(ru.ru_utime) + seconds(ru.ru_stime) - seconds(before.ru_utime) - seconds(before.ru_stime);
     const QString stream = dir + "/Repaired/" + kind->stream;
     const qint64 video = QFileInfo(stream).size();
     const qint64 audio = QFileInfo(dir + "/Repaired/" + kind->carved).size();
     const quint64 frames = kind->video.isEmpty() ? countFrames(stream) : quint64(videoPackets(stream));
     const double sound = kind->bytesPerSecond > 0 ? audio / kind->bytesPerSecond
                                                   : countAdtsFrames(dir + "/Repaired/audio.aac") * 1024.0 / 48000;
-    std::printf("carve %s:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), peak memory %ld MB, "
+    std::printf("carve %s:  %.1f MB in %.2f s = %.0f MB/s (video %.1f MB, audio %.1f MB written), cpu %.2f s, peak memory %ld MB, "
                 "frames %llu of %llu (%.2f %%), sound %.0f s of %.0f s\n",
-                kind->name, mb, secs, mb / secs, video / 1e6, audio / 1e6, ru.ru_maxrss / 1024, (unsigned long long)frames,
+                kind->name, mb, secs, mb / secs, video / 1e6, audio / 1e6, cpu, ru.ru_maxrss / 1024, (unsigned long long)frames,
                 (unsigned long long)expected, expected ? 100.0 * double(frames) / double(expected) : 0.0, sound,
                 expected / 30.0);
     return 0;
