@@ -157,6 +157,19 @@ private Q_SLOTS:
                          && pApp.nSoundSampleRate == (r.rate == 1000 ? 48000u : r.rate),
                      qPrintable(QStringLiteral("%1 Hz, %2 bytes").arg(r.rate).arg(r.payload)));
         }
+        // Whole headers; a length past 13 bits widens its field, and the H.264 and HEVC
+        // variant pads it to whole digits.
+        const struct { quint32 payload; adts::Variant variant; quint32 bytes[7]; } exact[] = {
+            {200, adts::Variant::Mpeg4, {0xFF, 0xF1, 0x4C, 0x80, 0x19, 0xFF, 0xFC}},
+            {8185, adts::Variant::H264Hevc, {0x1F, 0xFE, 0x29, 0x90, 0x40, 0x01, 0xFF}},
+            {8185, adts::Variant::Mpeg4, {0xFF, 0xF1, 0x4C, 0x82, 0x00, 0x0F, 0xFE}},
+            {20000, adts::Variant::H264Hevc, {0x3F, 0xFC, 0x53, 0x20, 0x9C, 0x4F, 0xFF}},
+        };
+        for (const auto &w : exact) {
+            pApp.nSoundSampleRate = 48000;
+            QVERIFY(adts::BuildAdtsHeader(w.payload, w.variant));
+            QVERIFY(std::equal(w.bytes, w.bytes + 7, pApp.nAdtsBytes));
+        }
         pApp.nSoundSampleRate = 12345; // no AAC index: refused, not a crash
         QVERIFY(!adts::BuildAdtsHeader(300));
     }

@@ -5,6 +5,7 @@
 
 #include <QMap>
 #include <QtDebug>
+#include <algorithm>
 #include <sstream>
 
 namespace adts {
@@ -50,17 +51,44 @@ QString SampleRateBits(qint32 rate)
 
 bool BuildAdtsHeader(quint32 payloadLength, Variant variant) { return BuildAdtsHeader(pApp, payloadLength, variant); }
 
+namespace {
+// The sampling frequency index of a rate; -1 for a rate the table lacks.
+int rateIndex(quint32 rate)
+{
+    static const quint32 kRates[] = {96000, 88200, 64000, 48000, 44100, 32000, 24000,
+                                     22050, 16000, 12000, 11025, 8000,  7350};
+    for (int i = 0; i < int(sizeof kRates / sizeof kRates[0]); ++i)
+        if (kRates[i] == rate)
+            return i;
+    return -1;
+}
+} // namespace
+
 bool BuildAdtsHeader(RepairState &s, quint32 payloadLength, Variant variant)
 {
     if (variant == Variant::Mkv || s.nSoundSampleRate == 0 || s.nSoundSampleRate == audio::kUnsetRate)
         s.nSoundSampleRate = audio::kDefaultRate;
     // Every header says two channels, mono sound included.
     s.nSoundChannels = 2;
-    const QString rateBits = SampleRateBits(qint32(s.nSoundSampleRate));
-    if (rateBits.isEmpty()) {
+    const int index = rateIndex(s.nSoundSampleRate);
+    if (index < 0) {
         qWarning().noquote() << "ADTS: no AAC sampling index for the rate" << s.nSoundSampleRate;
         return false;
     }
+    const quint32 length = payloadLength + audio::kAdtsHeaderBytes;
+    if (length < (1u << 13)) {
+        // The 56 bits in place, as the text below gives them: MPEG-4 AAC LC
+        // without CRC, buffer fullness 0x7FF, one raw data block.
+        const quint32 channels = s.nSoundChannels;
+        const quint32 b[audio::kAdtsHeaderBytes] = {
+            0xFF, 0xF1, 0x40 | quint32(index) << 2 | (channels >> 2 & 1), (channels & 3) << 6 | length >> 11,
+            length >> 3 & 0xFF, (length & 7) << 5 | 0x1F, 0xFC};
+        std::copy(b, b + audio::kAdtsHeaderBytes, s.nAdtsBytes);
+        return true;
+    }
+    // A length past 13 bits widens its field: the text, and the padding of
+    // the H.264 and HEVC variant, decide which bytes come out.
+    const QString rateBits = SampleRateBits(qint32(s.nSoundSampleRate));
     QString bits;
     bits += "111111111111000101"; // syncword, MPEG-4, layer 00, no CRC, AAC LC
     bits += rateBits;

@@ -1,8 +1,9 @@
 #pragma once
 // ADTS headers for raw AAC frames cut out of media data.
 //
-// The header is assembled as text, field by field in header order, then read
-// back as numbers: that keeps the layout readable next to the standard.
+// A frame length that overflows its 13-bit field widens the text the header
+// is assembled from, field by field in header order, and that text is read
+// back as numbers; every other header is put together in place.
 
 #include <QString>
 #include <QtGlobal>
