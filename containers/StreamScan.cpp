@@ -358,7 +358,7 @@ void RunScan(ThreadVideoRepair &t, streamscan::Family family)
     ThreadProgress progress(t);
     // The rebuild's copy of the pieces starts now, beside the scan.
     t.pPlaced.reset(rebuild::PlacedPieces::Enabled() ? new rebuild::PlacedPieces : nullptr);
-    if (t.pPlaced && !t.pPlaced->start(t.strRepairedDir + "/" + t.strFileName, t.pSource, s.ullFileSize, s.bStopRepair))
+    if (t.pPlaced && !t.pPlaced->start(t.strRepairedDir + "/" + t.strFileName, t.pSource, s.ullFileSize))
         t.pPlaced.reset();
     const streamscan::Found found =
         streamscan::Scan(family, t.pSource, &t.hLog, s.bStopRepair, &progress, t.pPlaced.get());

@@ -8,7 +8,6 @@
 #include "containers/ContainerConstants.h"
 #include "containers/ContainerOutput.h"
 #include "mux/MuxStages.h"
-#include "rebuild/CopyQueue.h"
 #include "repair/BufferedReader.h"
 #include "repair/StageProgress.h"
 #include "repair/ThreadVideoRepair.h"
@@ -42,9 +41,8 @@ const MtsPattern *mtsClass(const quint8 *b)
 class MtsOut
 {
 public:
-    MtsOut(QFile &file, BufferedReader &src, const std::atomic<bool> &stop)
-        : m_file(file), m_size(src.size()), m_at(file.flush() ? quint64(file.pos()) : 0),
-          m_copies(src.fd(), file.handle(), stop)
+    MtsOut(QFile &file, BufferedReader &src)
+        : m_file(file), m_src(src), m_size(src.size()), m_out(&file, true, file.flush() ? quint64(file.pos()) : 0)
     {
     }
     // Takes `len` bytes at `pos`, or what of them the file holds; returns how many.
@@ -69,15 +67,15 @@ public:
         quint8 packet[kMtsPacket];
         std::memset(packet, 0xFF, sizeof packet);
         std::memcpy(packet, bytes, N);
-        m_copies.write(QByteArray(reinterpret_cast<const char *>(packet), int(sizeof packet)), m_at);
-        m_at += kMtsPacket;
+        m_out.write(packet, sizeof packet);
     }
     // Waits for every copy; the file then stands at its end.
     void finish()
     {
         flush();
-        m_error = m_copies.finish();
-        m_file.seek(qint64(m_at));
+        m_out.flush();
+        m_error = m_out.error();
+        m_file.seek(qint64(m_out.end()));
     }
     bool failed() const { return m_error != 0 || m_file.error() != QFileDevice::NoError; }
     QString errorString() const { return m_error ? QString::fromLocal8Bit(std::strerror(m_error)) : m_file.errorString(); }
@@ -85,20 +83,18 @@ public:
 private:
     void flush()
     {
-        if (m_end > m_begin) {
-            m_copies.copy(m_begin, m_end - m_begin, m_at);
-            m_at += m_end - m_begin;
-        }
+        if (m_end > m_begin)
+            m_out.copy(m_src, m_begin, m_end - m_begin);
         m_begin = m_end;
     }
 
     static constexpr quint64 kRunLimit = 8 << 20;
     QFile &m_file;
+    BufferedReader &m_src;
     const quint64 m_size;
-    quint64 m_at; // where the next bytes go in the output
     quint64 m_begin = 0, m_end = 0;
     int m_error = 0;
-    rebuild::CopyQueue m_copies;
+    StreamOut m_out;
 };
 
 // Emits a value only when it is new and inside the range.
@@ -134,7 +130,7 @@ MtsResult FilterMts(BufferedReader &src, QFile &file, const std::atomic<bool> &s
     src.readAt(kMtsOwnPcrAt, at, 4);
     r.ownTables = ownPat && std::memcmp(at, kMtsOwnPcr, 4) == 0;
 
-    MtsOut runs(file, src, stop);
+    MtsOut runs(file, src);
     if (r.ownTables) {
         // Packets are read from a running offset of their own, not from
         // where they were found: a stretch of damage shifts what is copied.

@@ -30,7 +30,6 @@ quint64 LeadSize(BufferedReader &source, quint64 fileSize)
 }
 
 namespace {
-constexpr quint64 kRunLimit = quint64(64) << 20; // bytes a single copy job takes at most
 std::atomic<bool> g_enabled{true};
 } // namespace
 
@@ -39,8 +38,7 @@ bool PlacedPieces::Enabled() { return g_enabled; }
 
 PlacedPieces::~PlacedPieces() { discard(); }
 
-bool PlacedPieces::start(const QString &outputPath, BufferedReader &source, quint64 fileSize,
-                         const std::atomic<bool> &stop)
+bool PlacedPieces::start(const QString &outputPath, BufferedReader &source, quint64 fileSize)
 {
     discard();
     const QString canonical = QFileInfo(outputPath).canonicalFilePath();
@@ -57,42 +55,24 @@ bool PlacedPieces::start(const QString &outputPath, BufferedReader &source, quin
     m_lead = LeadSize(source, fileSize);
     m_count = PieceCount();
     m_count.fileSize = fileSize;
-    m_copies.reset(new CopyQueue(source.fd(), m_file.handle(), stop));
+    m_source = &source;
+    m_out.reset(new StreamOut(&m_file, true, m_lead + quint64(kMdatHead.size())));
     m_ok = true;
     return true;
 }
 
 void PlacedPieces::add(quint64 offset, quint64 size)
 {
-    if (!m_copies)
-        return;
-    const quint64 at = m_lead + kMdatHead.size() + m_count.copied;
-    if (!m_count.add(offset, size))
-        return;
-    // Pieces that follow each other in the damaged file go as one copy.
-    if (m_runSize && offset == m_runFrom + m_runSize && m_runSize < kRunLimit) {
-        m_runSize += size;
-        return;
-    }
-    flushRun();
-    m_runFrom = offset;
-    m_runAt = at;
-    m_runSize = size;
-}
-
-void PlacedPieces::flushRun()
-{
-    if (m_copies && m_runSize)
-        m_copies->copy(m_runFrom, m_runSize, m_runAt);
-    m_runSize = 0;
+    if (m_out && m_count.add(offset, size))
+        m_out->copy(*m_source, offset, size);
 }
 
 bool PlacedPieces::finish()
 {
-    flushRun();
-    if (m_copies) {
-        m_ok = m_ok && m_copies->finish() == 0;
-        m_copies.reset();
+    if (m_out) {
+        m_out->detach();
+        m_ok = m_ok && m_out->error() == 0;
+        m_out.reset();
     }
     m_file.close();
     return m_ok && !m_path.isEmpty();
@@ -110,11 +90,7 @@ bool PlacedPieces::handOver()
 
 void PlacedPieces::discard()
 {
-    m_runSize = 0;
-    if (m_copies) {
-        m_copies->finish();
-        m_copies.reset();
-    }
+    m_out.reset();
     m_file.close();
     if (!m_path.isEmpty())
         QFile::remove(m_path);

@@ -1,15 +1,15 @@
 #pragma once
 // The pieces a scan lists, copied into the rebuilt file while the scan goes
 // on, each to the place the rebuild gives it behind the ftyp and the mdat
-// header. The rebuild then walks its log as always; where its list matches
-// what was placed it copies nothing again.
+// header: a thread of their own writes them, straight from the scan's window
+// where it still holds them. The rebuild then walks its log as always; where
+// its list matches what was placed it copies nothing again.
 
-#include "rebuild/CopyQueue.h"
+#include "carve/audio/StreamOut.h"
 
 #include <QFile>
 #include <QString>
 #include <QtGlobal>
-#include <atomic>
 #include <memory>
 
 class BufferedReader;
@@ -43,7 +43,8 @@ public:
     ~PlacedPieces();
     // Copies from then on into a new file beside outputPath (never the
     // damaged file itself); false when it can't, and then nothing was made.
-    bool start(const QString &outputPath, BufferedReader &source, quint64 fileSize, const std::atomic<bool> &stop);
+    // The source must stay open while pieces are added.
+    bool start(const QString &outputPath, BufferedReader &source, quint64 fileSize);
     void add(quint64 offset, quint64 size);
     // Waits for every copy; true when each got to its place.
     bool finish();
@@ -62,14 +63,12 @@ public:
     static bool Enabled();
 
 private:
-    void flushRun();
-
     QString m_path, m_target;
     QFile m_file;
-    std::unique_ptr<CopyQueue> m_copies;
+    BufferedReader *m_source = nullptr;
+    std::unique_ptr<StreamOut> m_out;
     PieceCount m_count;
     quint64 m_lead = 0;
-    quint64 m_runFrom = 0, m_runAt = 0, m_runSize = 0; // pieces held back to go as one copy
     bool m_ok = false;
 };
 

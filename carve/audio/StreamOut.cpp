@@ -290,12 +290,15 @@ QString StreamOut::errorText() const
     return e ? QString::fromLocal8Bit(std::strerror(e)) : QString();
 }
 
-StreamOut::StreamOut(QFile *file, bool kernelCopy) : m_file(file), m_kernelCopy(kernelCopy && g_kernelCopy)
+StreamOut::StreamOut(QFile *file, bool kernelCopy) : StreamOut(file, kernelCopy, file && file->isOpen() ? quint64(file->size()) : 0)
+{
+}
+
+StreamOut::StreamOut(QFile *file, bool kernelCopy, quint64 at) : m_file(file), m_off(at), m_kernelCopy(kernelCopy && g_kernelCopy)
 {
     if (m_file && m_file->isOpen()) {
         m_file->flush(); // what earlier stages wrote through the QFile
         m_fd = m_file->handle();
-        m_off = quint64(m_file->size());
     }
 }
 

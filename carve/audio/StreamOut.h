@@ -32,6 +32,8 @@ class StreamOut
 public:
     // kernelCopy false: every byte goes through this process.
     explicit StreamOut(QFile *file, bool kernelCopy = true);
+    // Appends from `at` on instead of the end of the file.
+    StreamOut(QFile *file, bool kernelCopy, quint64 at);
     ~StreamOut();
     StreamOut(const StreamOut &) = delete;
     StreamOut &operator=(const StreamOut &) = delete;
@@ -45,6 +47,8 @@ public:
     // pos. pos + 4 + len must lie within the file.
     void unit(BufferedReader &src, quint64 pos, quint64 len);
     void flush();
+    // Where the next bytes go.
+    quint64 end() const { return m_off; }
     // Why a write failed (an errno value; 0 while every byte got there).
     // Call after flush() or detach() for the whole story.
     int error() const { return m_error.load(); }
