@@ -12,7 +12,7 @@ namespace {
 // (P - 4) don't force a reload at every window edge.
 constexpr quint64 kAlign = 64 * 1024;
 // Window buffers kept for reuse, at most.
-constexpr size_t kMaxBuffers = 8;
+constexpr size_t kMaxBuffers = 12;
 
 std::shared_ptr<quint8> newBuffer(size_t n)
 {
