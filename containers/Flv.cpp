@@ -1,8 +1,8 @@
 #include "containers/Flv.h"
 
 #include "containers/ContainerConstants.h"
+#include "carve/audio/StreamOut.h"
 #include "rebuild/LogReader.h"
-#include "rebuild/RebuildOutput.h"
 #include "repair/BufferedReader.h"
 #include "repair/RepairLine.h"
 #include "repair/ThreadVideoRepair.h"
@@ -76,9 +76,10 @@ quint64 nextCandidate(BufferedReader &src, quint64 from)
     return size;
 }
 
-// Lists the whole tags from the first key frame on; false when the log
-// refused a line.
-bool scanTags(BufferedReader &src, QFile &log, const std::atomic<bool> &stop, StageProgress *progress, Result &r)
+// Lists the whole tags from the first key frame on, and copies each listed
+// tag to `copies` (when given) as it goes; false when the log refused a line.
+bool scanTags(BufferedReader &src, QFile &log, const std::atomic<bool> &stop, StageProgress *progress, Result &r,
+              StreamOut *copies)
 {
     const quint64 size = src.size(), step = qMax<quint64>(1, size / kProgressSteps);
     quint64 shown = 0;
@@ -107,6 +108,8 @@ bool scanTags(BufferedReader &src, QFile &log, const std::atomic<bool> &stop, St
         }
         if (keySeen) {
             logged = rebuild::WritePairLine(log, cipher, o, whole - kTrailer) && logged;
+            if (copies)
+                copies->copy(src, o, whole);
             ++(video ? r.videoTags : r.soundTags);
             r.tagBytes += whole;
             const quint32 t = be24(head + kTimeAt);
@@ -212,47 +215,41 @@ bool sameFile(const QString &a, const QString &b)
     return !ca.isEmpty() && ca == QFileInfo(b).canonicalFilePath();
 }
 
-// The listed tags behind the new head, into outPath; the error, empty when
-// the file is complete or the copy was stopped. The file is written under a
-// temporary name and takes its own only when whole.
-QString writeOutput(BufferedReader &src, const QString &logPath, const QString &outPath, const QByteArray &head,
-                    const std::atomic<bool> &stop, bool *written)
+// The repaired file, written while the scan lists its tags: the tags go
+// behind the room the new head takes, which is written last. It is made
+// under a temporary name and takes its own only when whole.
+class Output
 {
-    QTemporaryFile file(outPath + QStringLiteral(".XXXXXX"));
-    if (!file.open())
-        return file.errorString();
-    rebuild::Output out(file);
-    out.write(head.constData(), size_t(head.size()));
-    std::unique_ptr<quint8[]> buffer(new quint8[rebuild::kCopyBuffer]);
-    const quint64 size = src.size();
-    rebuild::LogReader list(logPath, rebuild::LineForm::Pair);
-    rebuild::Piece piece;
-    quint64 runPos = 0, runLen = 0; // adjacent tags are copied as one run
-    while (!out.failed() && list.next(piece)) {
-        // A line that doesn't name a whole tag of this file is passed over.
-        if (piece.size < kTagHead || piece.offset > size || size - piece.offset < kTrailer
-            || piece.size > size - piece.offset - kTrailer)
-            continue;
-        if (runLen && piece.offset == runPos + runLen) {
-            runLen += piece.size + kTrailer;
-            continue;
-        }
-        out.copyFrom(src, runPos, runLen, buffer.get(), stop);
-        runPos = piece.offset;
-        runLen = piece.size + kTrailer;
+public:
+    Output(const QString &outPath, quint64 headSize) : m_file(outPath + QStringLiteral(".XXXXXX")), m_outPath(outPath)
+    {
+        if (m_file.open())
+            m_tags.reset(new StreamOut(&m_file, true, headSize));
     }
-    out.copyFrom(src, runPos, runLen, buffer.get(), stop);
-    if (stop.load())
+    StreamOut *tags() { return m_tags.get(); }
+    // The error, empty when the file is whole under its name.
+    QString finish(const QByteArray &head, bool *written)
+    {
+        if (!m_tags)
+            return m_file.errorString();
+        m_tags->detach();
+        if (m_tags->error())
+            return m_tags->errorText();
+        if (!m_file.seek(0) || m_file.write(head) != head.size() || !m_file.flush())
+            return m_file.errorString();
+        m_file.setPermissions(kResultPermissions);
+        if (::rename(QFile::encodeName(m_file.fileName()).constData(), QFile::encodeName(m_outPath).constData()) != 0)
+            return QString::fromLocal8Bit(std::strerror(errno));
+        m_file.setAutoRemove(false);
+        *written = true;
         return QString();
-    if (out.failed() || !file.flush())
-        return out.errorString();
-    file.setPermissions(kResultPermissions);
-    if (::rename(QFile::encodeName(file.fileName()).constData(), QFile::encodeName(outPath).constData()) != 0)
-        return QString::fromLocal8Bit(std::strerror(errno));
-    file.setAutoRemove(false);
-    *written = true;
-    return QString();
-}
+    }
+
+private:
+    QTemporaryFile m_file; // removed with this object unless renamed
+    const QString m_outPath;
+    std::unique_ptr<StreamOut> m_tags;
+};
 
 } // namespace
 
@@ -277,8 +274,13 @@ Result Repair(BufferedReader &src, QFile &log, const QString &outPath, const std
     }
     if (progress)
         progress->setRange(qint64(src.size()));
-    const bool logged = scanTags(src, log, stop, progress, r) && log.flush();
-    const QString logPath = log.fileName();
+    Values values = {};
+    r.fullMeta = oldMetadata(src, values);
+    const bool replaces = sameFile(outPath, src.path());
+    // The head's size doesn't depend on what the scan finds: the tags are
+    // copied behind it while the scan goes on.
+    std::unique_ptr<Output> out(replaces ? nullptr : new Output(outPath, quint64(fileHead(r.fullMeta, 0, values).size())));
+    const bool logged = scanTags(src, log, stop, progress, r, out ? out->tags() : nullptr) && log.flush();
     log.close();
     // No output for a file without a key frame to start from, too short a
     // file, or a stop.
@@ -288,14 +290,11 @@ Result Repair(BufferedReader &src, QFile &log, const QString &outPath, const std
         r.error = QStringLiteral("the work log could not be written");
         return r;
     }
-    if (sameFile(outPath, src.path())) {
+    if (replaces) {
         r.error = QStringLiteral("the output would replace the damaged file");
         return r;
     }
-    Values values = {};
-    r.fullMeta = oldMetadata(src, values);
-    const QByteArray head = fileHead(r.fullMeta, r.duration, values);
-    r.error = writeOutput(src, logPath, outPath, head, stop, &r.written);
+    r.error = out->finish(fileHead(r.fullMeta, r.duration, values), &r.written);
     return r;
 }
 
