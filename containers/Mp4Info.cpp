@@ -322,7 +322,7 @@ struct ProbeBuffer
 };
 } // namespace
 
-Codec DetectNalCodec(BufferedReader &f)
+Codec DetectNalCodec(BufferedReader &f, Codec expected)
 {
     if (!f.isOpen())
         return Codec::Unknown;
@@ -377,6 +377,8 @@ Codec DetectNalCodec(BufferedReader &f)
             ++hevc;
         return true;
     });
+    if ((expected == Codec::H264 && avc >= kMinLinkedUnits) || (expected == Codec::Hevc && hevc >= kMinLinkedUnits))
+        return expected;
     if (avc >= kMinLinkedUnits && avc >= kWinFactor * (hevc + 1))
         return Codec::H264;
     if (hevc >= kMinLinkedUnits && hevc >= kWinFactor * (avc + 1))

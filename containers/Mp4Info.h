@@ -60,7 +60,10 @@ const char *CodecName(Codec c);
 // mdat on, or from the start when no atom says where): chains of units whose
 // lengths lead from one valid header to the next. Unknown when neither
 // codec's chains clearly win. Reads at most kNalProbeBytes.
-Codec DetectNalCodec(BufferedReader &file);
+// `expected` (a sample's codec) is the answer whenever the file shows enough
+// chains of it at all: PCM sound makes chance chains of the other codec by
+// the hundred, and they must not outvote the real stream.
+Codec DetectNalCodec(BufferedReader &file, Codec expected = Codec::Unknown);
 
 // "codec H.264 in the recording, HEVC in the sample; frame size ..." — what
 // differs between a recording's moov (or, without one, its NAL units) and

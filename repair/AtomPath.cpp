@@ -76,7 +76,7 @@ bool ThreadVideoRepair::SampleDiffers(const QString &entry, const QString &sampl
     // Units are only probed for when the sample's codec has them to compare.
     const mp4info::Codec sampleCodec = mp4info::CodecOf(smp.video.codec);
     const bool probe = !rec.video.present && (sampleCodec == mp4info::Codec::H264 || sampleCodec == mp4info::Codec::Hevc);
-    const mp4info::Codec codec = probe ? mp4info::DetectNalCodec(recording) : mp4info::Codec::Unknown;
+    const mp4info::Codec codec = probe ? mp4info::DetectNalCodec(recording, sampleCodec) : mp4info::Codec::Unknown;
     const QString differs = mp4info::Differences(rec, codec, smp);
     if (differs.isEmpty())
         return false;
