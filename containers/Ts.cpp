@@ -34,9 +34,9 @@ const MtsPattern *mtsClass(const quint8 *b)
 }
 
 // Writes the MTS output: packets that follow each other in the damaged file
-// go as one copy, made on a thread of its own (by the kernel file to file
-// where it can) while the filter reads on; fixed packets go between them in
-// order. A run is held back until a packet lies elsewhere, a fixed packet
+// go as one copy, written by a thread of its own while the filter reads on
+// (straight from the reader's window when it holds them, else by the kernel
+// file to file); fixed packets go between them in order. A run is held back until a packet lies elsewhere, a fixed packet
 // goes between, or it has grown to kRunLimit.
 class MtsOut
 {
