@@ -1,5 +1,6 @@
 #include "containers/Mp4Info.h"
 
+#include "carve/audio/ByteSet.h"
 #include "containers/ContainerConstants.h"
 #include "repair/BitReader.h"
 #include "repair/BufferedReader.h"
@@ -9,9 +10,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <sys/mman.h>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 #include <memory>
 #include <numeric>
 
@@ -282,22 +280,17 @@ const char *CodecName(Codec c)
 
 namespace {
 // Calls f(i) for each i in [0, n) whose byte is zero, in order, while f
-// returns true; 16 bytes are looked at together.
+// returns true.
 template <typename F>
 void forEachZero(const quint8 *b, size_t n, F f)
 {
-    size_t i = 0;
-#if defined(__SSE2__)
-    const __m128i zero = _mm_setzero_si128();
-    for (; i + 16 <= n; i += 16) {
-        const __m128i v = _mm_loadu_si128(reinterpret_cast<const __m128i *>(b + i));
-        for (unsigned mask = unsigned(_mm_movemask_epi8(_mm_cmpeq_epi8(v, zero))); mask; mask &= mask - 1)
-            if (!f(i + size_t(__builtin_ctz(mask))))
-                return;
-    }
-#endif
-    for (; i < n; ++i)
-        if (b[i] == 0 && !f(i))
+    static const carve::ByteSet zero = [] {
+        carve::ByteSet z;
+        z.add(0);
+        return z;
+    }();
+    for (size_t i = zero.findIn(b, n); i < n; i += 1 + zero.findIn(b + i + 1, n - i - 1))
+        if (!f(i))
             return;
 }
 
